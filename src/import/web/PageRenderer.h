@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QCoro/QCoroTask>
+
+#include <QtCore/QString>
+#include <QtCore/QUrl>
+
+#include <chrono>
+
+namespace ovrin {
+
+/// Shows a page the way a browser would, scripts and all, without a window.
+class PageRenderer
+{
+public:
+    virtual ~PageRenderer() = default;
+
+    /// The outer HTML of the rendered document, as soon as it holds a JSON-LD script, else what there is when
+    /// `timeout` has passed. Throws TransportError when nothing could be read by then, or at once when this
+    /// machine cannot render. Destroying the task ends the rendering and all that belongs to it.
+    virtual QCoro::Task<QString> html(QUrl url, std::chrono::milliseconds timeout) = 0;
+};
+
+/// Where nothing can be rendered.
+class NullPageRenderer : public PageRenderer
+{
+public:
+    QCoro::Task<QString> html(QUrl url, std::chrono::milliseconds timeout) override;
+};
+
+} // namespace ovrin
