@@ -2,7 +2,6 @@
 
 #include <QtCore/QByteArrayView>
 #include <QtCore/QString>
-#include <QtCore/QStringConverter>
 
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
@@ -56,9 +55,7 @@ JsonWriter& JsonWriter::key(std::string_view name)
 
 JsonWriter& JsonWriter::string(QStringView text)
 {
-    // Not toUtf8(), which writes half a surrogate pair as a question mark.
-    const QByteArray bytes = QStringEncoder(QStringConverter::Utf8)(text);
-    return utf8(bytes);
+    return utf8(text.toUtf8());
 }
 
 JsonWriter& JsonWriter::utf8(QByteArrayView ascii)

@@ -23,7 +23,7 @@ public:
     JsonWriter& beginArray();
     JsonWriter& endArray();
     JsonWriter& key(std::string_view name);
-    /// Half a surrogate pair is written as the replacement character.
+    /// Half a surrogate pair is written as a question mark.
     JsonWriter& string(QStringView text);
     /// `ascii` or other valid UTF-8, as it stands (base64 of a photo).
     JsonWriter& utf8(QByteArrayView ascii);

@@ -187,10 +187,9 @@ TEST(JsonWriter, WritesCompactJsonThatReadsBack)
         .number(0.0 / 0.0)
         .endArray();
     writer.key("empty").string({}).key("base64").utf8("QUI=").endObject();
-    EXPECT_EQ(
-        writer.bytes(),
-        QByteArrayLiteral("{\"text\":\"\xC2\xBD \\\"cup\\\"\\n\\u0001 / \\\\\",\"half\":\"\xEF\xBF\xBD\","
-                          "\"list\":[-5,1.5,false,null,null],\"empty\":\"\",\"base64\":\"QUI=\"}"));
+    EXPECT_EQ(writer.bytes(),
+              QByteArrayLiteral("{\"text\":\"\xC2\xBD \\\"cup\\\"\\n\\u0001 / \\\\\",\"half\":\"?\","
+                                "\"list\":[-5,1.5,false,null,null],\"empty\":\"\",\"base64\":\"QUI=\"}"));
     EXPECT_TRUE(parse(writer.bytes().toStdString()));
 }
 
