@@ -4,13 +4,14 @@
 
 namespace ovrin {
 
-QCoro::Task<QString> NullPageRenderer::html(QUrl /*url*/, std::chrono::milliseconds /*timeout*/)
+QCoro::Task<QString> NullPageRenderer::html(QUrl /*url*/, std::chrono::milliseconds /*timeout*/,
+                                            std::stop_token /*stop*/)
 {
     throw TransportError(TransportError::Case::NoAnswer);
     co_return QString();
 }
 
-QCoro::Task<std::optional<Photo>> NullPhotoMaker::photo(QByteArray /*bytes*/)
+QCoro::Task<std::optional<Photo>> NullPhotoMaker::photo(QByteArray /*bytes*/, std::stop_token /*stop*/)
 {
     co_return std::nullopt;
 }

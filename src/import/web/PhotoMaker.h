@@ -6,6 +6,7 @@
 #include <QtCore/QString>
 
 #include <optional>
+#include <stop_token>
 
 namespace ovrin {
 
@@ -14,7 +15,7 @@ struct Photo
 {
     /// Longer side at most 1600 pixels, sRGB, turned upright.
     QByteArray jpeg;
-    /// Average colour as six hexadecimal digits.
+    /// Average colour as six upper-case hexadecimal digits.
     QString averageColorHex;
 };
 
@@ -24,15 +25,16 @@ class PhotoMaker
 public:
     virtual ~PhotoMaker() = default;
 
-    /// Nothing when `bytes` is no picture, or one that cannot be read within bounds. Never throws.
-    virtual QCoro::Task<std::optional<Photo>> photo(QByteArray bytes) = 0;
+    /// Nothing when `bytes` is no picture, or one that cannot be read within bounds, or once `stop` is
+    /// requested, which ends whatever works on it. Never throws.
+    virtual QCoro::Task<std::optional<Photo>> photo(QByteArray bytes, std::stop_token stop) = 0;
 };
 
 /// Where no photo can be made.
 class NullPhotoMaker : public PhotoMaker
 {
 public:
-    QCoro::Task<std::optional<Photo>> photo(QByteArray bytes) override;
+    QCoro::Task<std::optional<Photo>> photo(QByteArray bytes, std::stop_token stop) override;
 };
 
 } // namespace ovrin
