@@ -18,7 +18,8 @@ struct RecipeStep
 
     /// The paragraphs joined by one blank line: what the editor edits.
     QString text() const;
-    /// Cuts `text` into paragraphs at blank lines; the lines of one paragraph are trimmed and joined by a space.
+    /// Cuts `text` into paragraphs at blank lines; the lines of one paragraph are trimmed and joined by a
+    /// space.
     void setText(const QString& text);
 
     bool operator==(const RecipeStep&) const = default;
