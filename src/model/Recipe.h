@@ -11,6 +11,7 @@
 namespace ovrin {
 
 class RecipeStore;
+class SearchFolding;
 struct ListedRecipe;
 
 /// One recipe of the library, or one that is not in it yet. Main thread only.
@@ -104,6 +105,9 @@ public:
     /// All twenty attributes, the lazily read ones and the photo included.
     RecipeRecord record() const;
 
+    /// What the search looks in: title, publisher and ingredient lines, folded; made once and kept.
+    const std::string& searchKey(const SearchFolding& folding) const;
+
     bool isInLibrary() const { return m_store != nullptr; }
     bool isGone() const { return m_isGone; }
 
@@ -138,7 +142,7 @@ private:
     int m_changeDepth = 0;
     /// Order of insertion among recipes of one creation time.
     qint64 m_order = 0;
-    /// See SearchKey.h; empty until it is needed.
+    /// Empty until it is needed.
     mutable std::string m_searchKey;
 };
 

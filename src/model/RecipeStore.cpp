@@ -20,6 +20,7 @@ constexpr RecipeAttributes unlisted{RecipeAttribute::Summary | RecipeAttribute::
 
 RecipeStore::RecipeStore(Options options, sqlite::Connection reader, sqlite::Connection writer)
     : m_options(std::move(options))
+    , m_folding(m_options.locale)
     , m_reader(std::make_unique<sqlite::Connection>(std::move(reader)))
 {
     m_dataVersion = m_reader->number("PRAGMA data_version");
@@ -113,6 +114,20 @@ RecipePtr RecipeStore::existingRecipe(const QUrl& url) const
     const auto found = std::ranges::find_if(
         all, [&](const RecipePtr& recipe) { return recipe->sourceAddress() == address; });
     return found != all.end() ? *found : nullptr;
+}
+
+LibraryQuery RecipeStore::query(LibraryFilter filter, const QString& search) const
+{
+    return {filter, search, now(), m_folding};
+}
+
+std::vector<RecipePtr> RecipeStore::visible(LibraryFilter filter, const QString& search) const
+{
+    const LibraryQuery asked = query(filter, search);
+    std::vector<RecipePtr> found;
+    std::ranges::copy_if(recipes(), std::back_inserter(found),
+                         [&](const RecipePtr& recipe) { return asked.letsThrough(*recipe); });
+    return found;
 }
 
 void RecipeStore::putIn(const RecipePtr& recipe)

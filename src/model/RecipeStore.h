@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/LibraryQuery.h"
 #include "model/Recipe.h"
 #include "model/SaveResult.h"
 
@@ -38,12 +39,12 @@ public:
     struct Options
     {
         /// Folder of `Library.sqlite`; made when missing.
-        QString folder;
+        QString folder = {};
         Clock now = systemNow;
         /// What "localized" means when searching.
         QLocale locale = QLocale::c();
         /// SQLite's name of the file layer; empty for the system's.
-        QByteArray vfs;
+        QByteArray vfs = {};
         /// How often to look for other processes' changes; 0 for only when `refresh` is called.
         std::chrono::milliseconds refreshInterval{500};
     };
@@ -71,6 +72,10 @@ public:
     RecipePtr find(const QUuid& id) const;
     /// The newest recipe imported from this address, compared fully encoded; null when there is none.
     RecipePtr existingRecipe(const QUrl& url) const;
+
+    LibraryQuery query(LibraryFilter filter, const QString& search = {}) const;
+    /// The recipes that the query lets through, in the list's order.
+    std::vector<RecipePtr> visible(LibraryFilter filter, const QString& search = {}) const;
 
     /// Puts a new recipe in, or a removed one back as it was. Does nothing with one that is in.
     QFuture<SaveResult> insert(const RecipePtr& recipe);
@@ -121,6 +126,7 @@ private:
     void takeOver(const QUuid& id, std::optional<ListedRecipe> listed, RecipeAttributes logged);
 
     Options m_options;
+    SearchFolding m_folding;
     std::unique_ptr<sqlite::Connection> m_reader;
 
     /// Oldest first, so that the usual insert is at the end.

@@ -1,5 +1,7 @@
 #include "model/Recipe.h"
 
+#include "model/SearchFolding.h"
+
 #if __has_include("text/IngredientScaler.h")
 #include "text/IngredientScaler.h"
 #else
@@ -89,6 +91,21 @@ QString Recipe::shareText(double factor, const QLocale& locale) const
     if (sourceAddress())
         lines << QString() << *sourceAddress();
     return lines.join(u'\n');
+}
+
+const std::string& Recipe::searchKey(const SearchFolding& folding) const
+{
+    if (m_searchKey.empty()) {
+        folding.append(m_searchKey, title());
+        m_searchKey += SearchFolding::separator;
+        folding.append(m_searchKey, publisher());
+        for (const QString& line : ingredients()) {
+            m_searchKey += SearchFolding::separator;
+            folding.append(m_searchKey, line);
+        }
+        m_searchKey.shrink_to_fit();
+    }
+    return m_searchKey;
 }
 
 } // namespace ovrin
