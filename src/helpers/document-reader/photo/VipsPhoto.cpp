@@ -31,34 +31,70 @@ Image made(const Operation& operation)
     return Image(operation(&result) == 0 ? result : nullptr);
 }
 
-/// Reads no more than the header: what a picture claims is checked before memory is taken for it.
-bool isWithinBounds(const QByteArray& bytes)
+/// Reads no more than the header, until pixels are asked for from top to bottom.
+Image opened(const QByteArray& bytes)
 {
-    const Image header(vips_image_new_from_buffer(bytes.data(), static_cast<std::size_t>(bytes.size()), "",
-                                                  "access", VIPS_ACCESS_SEQUENTIAL, nullptr));
-    return header &&
-           qint64{vips_image_get_width(header.get())} * vips_image_get_height(header.get()) <= maximumPixels;
+    return Image(vips_image_new_from_buffer(bytes.data(), static_cast<std::size_t>(bytes.size()), "",
+                                            "access", VIPS_ACCESS_SEQUENTIAL, "fail_on", VIPS_FAIL_ON_ERROR,
+                                            nullptr));
 }
 
-/// Upright and small; from its own colour profile, when it has one, to sRGB.
-Image thumbnail(const QByteArray& bytes)
+/// What a picture claims is checked before memory is taken for it.
+bool isWithinBounds(const Image& picture)
+{
+    return qint64{vips_image_get_width(picture.get())} * vips_image_get_height(picture.get()) <=
+           maximumPixels;
+}
+
+/// Upright and small, its colours what they were; inks have become sRGB already.
+Image thumbnail(PictureFormat format, const QByteArray& bytes, const Image& picture)
 {
     return made([&](VipsImage** out) {
-        return vips_thumbnail_buffer(const_cast<char*>(bytes.data()), static_cast<std::size_t>(bytes.size()),
-                                     out, maximumSide, "height", maximumSide, "size", VIPS_SIZE_DOWN,
-                                     "export_profile", "srgb", "fail_on", VIPS_FAIL_ON_ERROR, nullptr);
+        // From bytes, a decoder can leave out what will not be seen. In a TIFF this would mean choosing among
+        // its reduced copies, and the library chooses one that is too small.
+        return format == PictureFormat::Tiff
+                   ? vips_thumbnail_image(picture.get(), out, maximumSide, "height", maximumSide, "size",
+                                          VIPS_SIZE_DOWN, nullptr)
+                   : vips_thumbnail_buffer(const_cast<char*>(bytes.data()),
+                                           static_cast<std::size_t>(bytes.size()), out, maximumSide, "height",
+                                           maximumSide, "size", VIPS_SIZE_DOWN, "fail_on", VIPS_FAIL_ON_ERROR,
+                                           nullptr);
+    });
+}
+
+/// The colour space that a profile describes, from its header (ICC.1, 7.2: a signature at byte 16); nothing
+/// when the picture has no profile.
+QByteArrayView profiledSpace(const Image& picture)
+{
+    const void* profile = nullptr;
+    std::size_t size = 0;
+    if (vips_image_get_typeof(picture.get(), VIPS_META_ICC_NAME) == 0 ||
+        vips_image_get_blob(picture.get(), VIPS_META_ICC_NAME, &profile, &size) != 0 || size < 20) {
+        return {};
+    }
+    return QByteArrayView(static_cast<const char*>(profile), 20).sliced(16);
+}
+
+/// From the picture's own profile to sRGB. A picture without one is in sRGB; so is one whose profile is
+/// unusable, or describes inks, for these were converted when it was made small.
+Image inSrgb(Image picture)
+{
+    if (const auto space = profiledSpace(picture); space == "RGB " || space == "GRAY") {
+        auto converted = made([&](VipsImage** out) {
+            return vips_icc_transform(picture.get(), out, "srgb", "embedded", TRUE, "depth", 8, nullptr);
+        });
+        if (converted) {
+            return converted;
+        }
+    }
+    return made([&](VipsImage** out) {
+        return vips_colourspace(picture.get(), out, VIPS_INTERPRETATION_sRGB, nullptr);
     });
 }
 
 /// Three bands of eight bits, without transparency.
-Image flattened(const Image& picture)
+Image flattened(const Image& srgb)
 {
-    const auto srgb = made([&](VipsImage** out) {
-        return vips_colourspace(picture.get(), out, VIPS_INTERPRETATION_sRGB, nullptr);
-    });
-    if (!srgb) {
-        return nullptr;
-    }
     const auto opaque = made([&](VipsImage** out) {
         const std::array white{255.0};
         const std::unique_ptr<VipsArrayDouble, void (*)(void*)> background(
@@ -106,11 +142,13 @@ QByteArray jpeg(VipsImage* pixels)
 std::optional<reader::PhotoAnswer> vipsPhoto(const QByteArray& bytes)
 {
     const auto format = pictureFormat(bytes);
-    if (!format || !VipsLibrary::isReadyFor(*format, bytes) || !isWithinBounds(bytes)) {
+    const auto picture = format && VipsLibrary::isReadyFor(*format, bytes) ? opened(bytes) : nullptr;
+    if (!picture || !isWithinBounds(picture)) {
         return std::nullopt;
     }
-    const auto small = thumbnail(bytes);
-    const auto flat = small ? flattened(small) : nullptr;
+    auto small = thumbnail(*format, bytes, picture);
+    const auto srgb = small ? inSrgb(std::move(small)) : nullptr;
+    const auto flat = srgb ? flattened(srgb) : nullptr;
     // All decoding happens here, once, into memory; what follows only reads it.
     const Image pixels(flat ? vips_image_copy_memory(flat.get()) : nullptr);
     if (!pixels) {
