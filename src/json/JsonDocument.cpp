@@ -1,5 +1,7 @@
 #include "json/JsonDocument.h"
 
+#include "json/Utf8.h"
+
 #include <QtCore/QByteArray>
 #include <QtCore/QLocale>
 
@@ -108,9 +110,7 @@ std::string_view JsonValue::utf8() const
 
 QString JsonValue::string() const
 {
-    const std::string_view bytes = utf8();
-    // A null QString would differ from what is there in nothing but its look.
-    return bytes.empty() ? QString::fromLatin1("") : QString::fromUtf8(bytes.data(), qsizetype(bytes.size()));
+    return stringFromUtf8(utf8());
 }
 
 std::optional<bool> JsonValue::boolean() const
