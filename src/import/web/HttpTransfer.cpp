@@ -183,8 +183,9 @@ void HttpTransfer::finish()
     m_whole.stop();
     if (m_reply) {
         m_reply->disconnect(this);
-        // Closes the connection when the answer has not been read to its end.
-        m_reply->abort();
+        // Closes the connection when the answer has not been read to its end. Not from inside one of the
+        // reply's own signals, where it would complain.
+        QMetaObject::invokeMethod(m_reply, &QNetworkReply::abort, Qt::QueuedConnection);
         m_reply->deleteLater();
         m_reply.clear();
     }

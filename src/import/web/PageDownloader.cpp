@@ -27,9 +27,9 @@ struct DeleteLater
     void operator()(QObject* object) const { object->deleteLater(); }
 };
 
-QNetworkRequest requestFor(const QUrl& url)
+QNetworkRequest plainRequest()
 {
-    QNetworkRequest request(url);
+    QNetworkRequest request;
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
     for (const auto attribute :
          {QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::CookieSaveControlAttribute,
@@ -39,6 +39,17 @@ QNetworkRequest requestFor(const QUrl& url)
     // The body is bounded as it is read, however well it was compressed.
     request.setDecompressedSafetyCheckThreshold(-1);
     return request;
+}
+
+/// Leads `request` to `url`. Credentials in it go into a header of this one request, so that they are sent to
+/// no other host and kept by nobody.
+void setAddress(QNetworkRequest& request, const QUrl& url)
+{
+    request.setUrl(url.adjusted(QUrl::RemoveUserInfo));
+    const QString credentials = url.userName(QUrl::FullyDecoded) + u':' + url.password(QUrl::FullyDecoded);
+    request.setRawHeader("Authorization", url.userInfo().isEmpty()
+                                              ? QByteArray()
+                                              : QByteArray("Basic " + credentials.toUtf8().toBase64()));
 }
 
 /// Runs `transfer` to its end, which a stop brings nearer. Throws what it failed with.
@@ -87,11 +98,11 @@ QCoro::Task<PageDownloader::Page> PageDownloader::page(QUrl url, std::stop_token
     if (!isWebAddress(url)) {
         throw TransportError(TransportError::Case::UnsupportedAddress);
     }
-    QNetworkRequest request = requestFor(url);
+    QNetworkRequest request = plainRequest();
     request.setRawHeader("User-Agent", userAgent);
     request.setRawHeader("Accept", acceptedTypes);
     // The user has named this address, wherever it leads.
-    Page found = co_await fetch(std::move(request), m_limits.pageBytes, true, stop);
+    Page found = co_await fetch(url, std::move(request), m_limits.pageBytes, true, stop);
     co_return found;
 }
 
@@ -100,17 +111,17 @@ QCoro::Task<QByteArray> PageDownloader::photo(QUrl url, std::optional<QUrl> sour
     if (!isWebAddress(url) && url.scheme() != u"data") {
         throw TransportError(TransportError::Case::UnsupportedAddress);
     }
-    QNetworkRequest request = requestFor(url);
+    QNetworkRequest request = plainRequest();
     bool mayBePrivate = false;
     if (source) {
         request.setRawHeader("Referer", source->toEncoded(QUrl::FullyEncoded | QUrl::RemoveUserInfo));
         mayBePrivate = co_await isOnPrivateNetwork(source->host(QUrl::FullyEncoded), m_isPrivate);
     }
-    Page found = co_await fetch(std::move(request), m_limits.photoBytes, mayBePrivate, stop);
+    Page found = co_await fetch(url, std::move(request), m_limits.photoBytes, mayBePrivate, stop);
     co_return std::move(found.html);
 }
 
-QCoro::Task<PageDownloader::Page> PageDownloader::fetch(QNetworkRequest request, qint64 maxBytes,
+QCoro::Task<PageDownloader::Page> PageDownloader::fetch(QUrl url, QNetworkRequest request, qint64 maxBytes,
                                                         bool mayBePrivate, std::stop_token stop)
 {
     const QDeadlineTimer deadline(m_limits.whole);
@@ -118,6 +129,7 @@ QCoro::Task<PageDownloader::Page> PageDownloader::fetch(QNetworkRequest request,
         if (stop.stop_requested()) {
             throw ImportCancelled();
         }
+        setAddress(request, url);
         const HttpTransfer::Bounds bounds{maxBytes, m_limits.silence,
                                           std::chrono::milliseconds(deadline.remainingTime()), mayBePrivate,
                                           m_isPrivate};
@@ -125,10 +137,10 @@ QCoro::Task<PageDownloader::Page> PageDownloader::fetch(QNetworkRequest request,
             new HttpTransfer(m_network, request, bounds));
         co_await run(transfer.get(), stop);
         if (!transfer->redirect()) {
-            Page page{transfer->body(), request.url()};
+            Page page{transfer->body(), url};
             co_return page;
         }
-        request.setUrl(redirectTarget(request.url(), *transfer->redirect()));
+        url = redirectTarget(url, *transfer->redirect());
         mayBePrivate = mayBePrivate && transfer->isPrivate();
     }
     throw TransportError(TransportError::Case::TooManyRedirects);

@@ -56,7 +56,7 @@ public:
     QCoro::Task<QByteArray> photo(QUrl url, std::optional<QUrl> source, std::stop_token stop);
 
 private:
-    QCoro::Task<Page> fetch(QNetworkRequest request, qint64 maxBytes, bool mayBePrivate,
+    QCoro::Task<Page> fetch(QUrl url, QNetworkRequest request, qint64 maxBytes, bool mayBePrivate,
                             std::stop_token stop);
 
     QNetworkAccessManager& m_network;
