@@ -1,0 +1,57 @@
+import QtQuick
+import QtQuick.Templates as T
+import Ovrin
+
+/* A menu of ActionItems, as wide as its longest entry. */
+T.Menu {
+    id: control
+
+    property string label
+
+    implicitWidth: Math.max(180, contentItem.childrenRect.width, widest()) + leftPadding + rightPadding
+    implicitHeight: contentItem.contentHeight + topPadding + bottomPadding
+    padding: Theme.gap1 + 2
+    margins: Theme.gap2
+    overlap: Theme.gap1
+
+    function widest() {
+        let width = 0
+        for (let i = 0; i < count; ++i)
+            width = Math.max(width, itemAt(i) ? itemAt(i).implicitWidth : 0)
+        return width
+    }
+
+    delegate: ActionItem {}
+    contentItem: ListView {
+        implicitHeight: contentHeight
+        model: control.contentModel
+        interactive: control.window ? contentHeight + control.topPadding + control.bottomPadding > control.window.height : false
+        clip: true
+        currentIndex: control.currentIndex
+        keyNavigationEnabled: true
+        Accessible.role: Accessible.PopupMenu
+        Accessible.name: control.label
+    }
+    background: Item {
+        Rectangle {
+            anchors.fill: parent
+            anchors.margins: -3
+            anchors.topMargin: 1
+            radius: Theme.radiusCard
+            color: Theme.shadow
+        }
+        Rectangle {
+            anchors.fill: parent
+            radius: Theme.radiusCard - 2
+            color: Theme.card
+            border.width: Theme.hairline
+            border.color: Theme.line
+        }
+    }
+    enter: Transition {
+        NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.quick; easing.type: Easing.OutCubic }
+    }
+    exit: Transition {
+        NumberAnimation { property: "opacity"; from: 1; to: 0; duration: Theme.quick; easing.type: Easing.OutCubic }
+    }
+}

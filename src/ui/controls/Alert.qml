@@ -1,0 +1,104 @@
+import QtQuick
+import QtQuick.Templates as T
+import Ovrin
+
+/* A question or a message over the dimmed window. Escape is the way out, Return the confirming button. */
+T.Popup {
+    id: alert
+
+    property string title
+    property string message
+    property string confirmText
+    property string otherText
+    property string cancelText: qsTr("Cancel")
+    property bool destructive: false
+
+    signal confirmed()
+    signal otherChosen()
+    signal cancelled()
+
+    function answer(reply) {
+        close()
+        reply()
+    }
+
+    parent: T.Overlay.overlay
+    modal: true
+    focus: true
+    dim: true
+    closePolicy: T.Popup.NoAutoClose
+    padding: Theme.gap6
+    x: parent ? Math.round((parent.width - width) / 2) : 0
+    y: parent ? Math.round((parent.height - height) / 2.4) : 0
+    width: parent ? Math.min(Theme.alertWidth, parent.width - Theme.gap6) : 0
+    onOpened: (confirmText !== "" && !destructive ? confirm : cancel).forceActiveFocus(Qt.TabFocusReason)
+
+    T.Overlay.modal: Rectangle { color: Theme.dim }
+
+    contentItem: FocusScope {
+        focus: true
+        implicitHeight: column.implicitHeight
+        Keys.onEscapePressed: alert.answer(alert.cancelled)
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: alert.title
+        Accessible.description: alert.message
+
+        Column {
+            id: column
+            width: parent.width
+            spacing: Theme.gap2
+            PlainText {
+                width: parent.width
+                text: alert.title
+                font: Theme.brand
+                Accessible.role: Accessible.Heading
+            }
+            Flickable {
+                // A message from outside may be long: the buttons stay in the window all the same.
+                width: parent.width
+                height: Math.min(contentHeight, 240)
+                contentHeight: words.implicitHeight
+                clip: contentHeight > height
+                PlainText {
+                    id: words
+                    width: parent.width
+                    text: alert.message
+                    font: Theme.input
+                    color: Theme.secondary
+                    lineHeight: 1.35
+                }
+            }
+            Item { width: 1; height: Theme.gap3 }
+            Flow {
+                width: parent.width
+                spacing: Theme.gap2
+                layoutDirection: Qt.RightToLeft
+                PushButton {
+                    id: confirm
+                    visible: text !== ""
+                    kind: alert.destructive ? "destructive" : "primary"
+                    text: alert.confirmText
+                    onClicked: alert.answer(alert.confirmed)
+                }
+                PushButton {
+                    visible: text !== ""
+                    text: alert.otherText
+                    onClicked: alert.answer(alert.otherChosen)
+                }
+                PushButton {
+                    id: cancel
+                    visible: text !== ""
+                    text: alert.cancelText
+                    onClicked: alert.answer(alert.cancelled)
+                }
+            }
+        }
+    }
+    background: SheetBackground {}
+    enter: Transition {
+        NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.quick; easing.type: Easing.OutCubic }
+    }
+    exit: Transition {
+        NumberAnimation { property: "opacity"; from: 1; to: 0; duration: Theme.quick; easing.type: Easing.OutCubic }
+    }
+}

@@ -1,0 +1,49 @@
+import QtQuick
+import QtQuick.Templates as T
+import Ovrin
+
+/* One line of text to type. `framed` draws the box; inside a form's card the row draws it instead. */
+T.TextField {
+    id: control
+
+    property bool framed: true
+    property string label
+
+    implicitHeight: framed ? Theme.controlHeight + 2 : Theme.rowHeight
+    implicitWidth: 200
+    leftPadding: framed ? Theme.gap3 : 0
+    rightPadding: leftPadding
+    verticalAlignment: TextInput.AlignVCenter
+    font: Theme.input
+    color: Theme.text
+    placeholderTextColor: Theme.secondary
+    selectionColor: Theme.accent
+    selectedTextColor: Theme.inkOnAccent
+    selectByMouse: true
+
+    Accessible.role: Accessible.EditableText
+    Accessible.name: label === "" ? placeholderText : label
+    Accessible.onPressAction: forceActiveFocus()
+
+    PlainText {
+        x: control.leftPadding
+        width: control.width - control.leftPadding - control.rightPadding
+        height: control.height
+        visible: control.length === 0 && control.preeditText === ""
+        text: control.placeholderText
+        font: control.font
+        color: control.placeholderTextColor
+        verticalAlignment: Text.AlignVCenter
+        elide: Text.ElideRight
+        wrapMode: Text.NoWrap
+        Accessible.ignored: true
+    }
+    background: Rectangle {
+        visible: control.framed
+        radius: Theme.radiusControl
+        color: Theme.card
+        border.width: control.activeFocus ? Theme.ringWidth : Theme.hairline
+        border.color: control.activeFocus ? Theme.accent : Theme.line
+    }
+    TextMenu { target: control }
+}

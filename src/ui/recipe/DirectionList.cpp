@@ -1,0 +1,70 @@
+#include "ui/recipe/DirectionList.h"
+
+#include "ui/recipe/RowSync.h"
+
+namespace ovrin {
+
+void DirectionList::setRows(const QList<Row>& rows)
+{
+    syncRows(
+        m_rows, rows, [this](int row) { Q_EMIT dataChanged(index(row), index(row)); },
+        [this](int first, int last, const auto& change) {
+            beginInsertRows({}, first, last);
+            change();
+            endInsertRows();
+        },
+        [this](int first, int last, const auto& change) {
+            beginRemoveRows({}, first, last);
+            change();
+            endRemoveRows();
+        });
+}
+
+int DirectionList::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+}
+
+QVariant DirectionList::data(const QModelIndex& index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+        return {};
+    const Row& row = m_rows.at(index.row());
+    switch (role) {
+    case StepNumberRole:
+        return row.stepNumber;
+    case StepTitleRole:
+        return row.stepTitle;
+    case TextRole:
+    case Qt::DisplayRole:
+        return row.paragraph.text;
+    case LinksRole: {
+        QVariantList links;
+        for (const DirectionParagraph::Link& link : row.paragraph.links())
+            links.append(QVariantMap{{QStringLiteral("address"), link.address},
+                                     {QStringLiteral("text"), link.text},
+                                     {QStringLiteral("isTimer"), link.isTimer}});
+        return links;
+    }
+    default:
+        return {};
+    }
+}
+
+QHash<int, QByteArray> DirectionList::roleNames() const
+{
+    return {{StepNumberRole, "stepNumber"},
+            {StepTitleRole, "stepTitle"},
+            {TextRole, "paragraphText"},
+            {LinksRole, "links"}};
+}
+
+QString DirectionList::richText(int row, const QString& textColor, const QString& accentColor,
+                                const QString& focusColor, int focused) const
+{
+    return row >= 0 && row < m_rows.size()
+               ? m_rows.at(row).paragraph.richText(textColor, accentColor, focusColor, focused)
+               : QString();
+}
+
+} // namespace ovrin
