@@ -1,4 +1,5 @@
-#include "import/web/RecipeImporter.h"
+#include "import/error/RecipeImportError.h"
+#include "import/web/PageParser.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +8,7 @@ namespace {
 
 RecipeDraft parse(const QByteArray& html, const char* url = "https://www.site.example/soup")
 {
-    return RecipeImporter::parse(html, QUrl(QString::fromLatin1(url)));
+    return parsePage(html, QUrl(QString::fromLatin1(url)));
 }
 
 RecipeDraft parseRecipe(const QByteArray& fields)
@@ -16,7 +17,7 @@ RecipeDraft parseRecipe(const QByteArray& fields)
                  "}</script>");
 }
 
-TEST(RecipeImporterParse, ReadsAWholeRecipe)
+TEST(PageParser, ReadsAWholeRecipe)
 {
     const RecipeDraft draft = parse(R"(<html><head><meta property="og:title" content="not this">
 <script type="application/ld+json">{"@type":"BreadcrumbList","itemListElement":[{"name":"Home"}]}</script>
@@ -42,7 +43,7 @@ soup","description":"Warm.<br>Quick.","author":[{"name":"Ann Lee"},{"name":"Bo P
     EXPECT_TRUE(draft.isComplete());
 }
 
-TEST(RecipeImporterParse, PrefersAYieldInWords)
+TEST(PageParser, PrefersAYieldInWords)
 {
     const std::pair<const char*, const char*> cases[] = {
         {R"("recipeYield":["4","4 servings"])", "4 servings"},
@@ -60,7 +61,7 @@ TEST(RecipeImporterParse, PrefersAYieldInWords)
     EXPECT_TRUE(parseRecipe(R"("recipeIngredient":[],"ingredients":"salt")").ingredients.isEmpty());
 }
 
-TEST(RecipeImporterParse, FillsGapsFromMetaTagsAndTitle)
+TEST(PageParser, FillsGapsFromMetaTagsAndTitle)
 {
     RecipeDraft draft = parse(R"(<title>Page title</title><meta property="og:title" content="Tomato&#10;Tart">
         <meta name=description content="unquoted name"><meta name="description" content="Crisp">
@@ -81,7 +82,7 @@ TEST(RecipeImporterParse, FillsGapsFromMetaTagsAndTitle)
     EXPECT_EQ(parse("<title>a</title>", "https://www.www.example/").publisher, QStringLiteral("www.example"));
 }
 
-TEST(RecipeImporterParse, NeedsATitle)
+TEST(PageParser, NeedsATitle)
 {
     for (const QByteArray& html :
          {QByteArray(), QByteArray("<html>"), QByteArray("<title> <b></b> </title>"),
@@ -97,7 +98,7 @@ TEST(RecipeImporterParse, NeedsATitle)
     }
 }
 
-TEST(RecipeImporterParse, TakesTheFirstRecipeOfThePage)
+TEST(PageParser, TakesTheFirstRecipeOfThePage)
 {
     const RecipeDraft draft =
         parse("<script type='application/ld+json'>{broken</script>"
@@ -109,7 +110,7 @@ TEST(RecipeImporterParse, TakesTheFirstRecipeOfThePage)
     EXPECT_EQ(draft.title, QStringLiteral("One"));
 }
 
-TEST(RecipeImporterParse, RepairsBrokenText)
+TEST(PageParser, RepairsBrokenText)
 {
     const RecipeDraft draft = parse("<script type='application/ld+json'>{\"@type\":\"Recipe\",\"name\":"
                                     "\"Cr\xE8me \xE2\x82 br\xC3\xBBl\xC3\xA9\x65\"}</script>");

@@ -30,10 +30,7 @@ public:
 
     RecipeImporter(PageDownloader& downloader, PageRenderer& renderer, PhotoMaker& photoMaker);
 
-    /// The draft that one HTML document holds, in UTF-8 (what is broken is read as U+FFFD). Its JSON-LD
-    /// recipe comes first, its meta tags and title fill gaps; `pageURL` is the document's address. Pure,
-    /// linear in the document's length, callable from any thread. Throws RecipeImportError when it finds no
-    /// title.
+    /// See parsePage.
     static RecipeDraft parse(QByteArrayView html, const QUrl& pageURL);
 
     /// The whole import of one address. The draft may be incomplete: the caller decides what to do with it.
