@@ -1,11 +1,9 @@
 #include "model/RecipeStore.h"
 
-#include "model/store/RecordSql.h"
-#include "model/store/Schema.h"
+#include "model/store/LibraryCheck.h"
+#include "model/store/LibraryFile.h"
 #include "model/store/Sqlite.h"
 #include "model/store/StoreWriter.h"
-
-#include <QtCore/QDir>
 
 #include <algorithm>
 
@@ -18,14 +16,14 @@ constexpr RecipeAttributes unlisted{RecipeAttribute::Summary | RecipeAttribute::
 
 } // namespace
 
-RecipeStore::RecipeStore(Options options, sqlite::Connection reader, sqlite::Connection writer)
+RecipeStore::RecipeStore(Options options, LibraryFile file)
     : m_options(std::move(options))
     , m_folding(m_options.locale)
-    , m_reader(std::make_unique<sqlite::Connection>(std::move(reader)))
+    , m_reader(std::make_unique<sqlite::Connection>(std::move(file.reader)))
 {
-    m_dataVersion = m_reader->number("PRAGMA data_version");
-    m_seenSequence = m_reader->number("SELECT ifnull(max(sequence), 0) FROM Change");
-    for (ListedRecipe& listed : listRecipes(*m_reader)) {
+    m_dataVersion = file.dataVersion;
+    m_seenSequence = file.sequence;
+    for (ListedRecipe& listed : file.recipes) {
         auto recipe = std::make_shared<Recipe>(std::move(listed), *this);
         m_byId.insert(recipe->id(), recipe.get());
         m_recipes.push_back(std::move(recipe));
@@ -33,7 +31,7 @@ RecipeStore::RecipeStore(Options options, sqlite::Connection reader, sqlite::Con
     }
     std::ranges::sort(m_recipes, [](const RecipePtr& a, const RecipePtr& b) { return liesBelow(*a, *b); });
 
-    m_writer = std::make_unique<StoreWriter>(std::move(writer), [this](WrittenBatch batch) {
+    m_writer = std::make_unique<StoreWriter>(std::move(file.writer), [this](WrittenBatch batch) {
         QMetaObject::invokeMethod(
             this, [this, batch = std::move(batch)] { acknowledge(batch); }, Qt::QueuedConnection);
     });
@@ -44,31 +42,25 @@ RecipeStore::RecipeStore(Options options, sqlite::Connection reader, sqlite::Con
 
 RecipeStore::Opened RecipeStore::open(Options options)
 {
-    const auto failed = [](const QString& error) { return Opened{nullptr, error, {}}; };
-    if (!QDir().mkpath(options.folder))
-        return failed(QStringLiteral("The folder “%1” can’t be made.").arg(options.folder));
-    const QString path = QDir(options.folder).filePath(QStringLiteral("Library.sqlite"));
     try {
-        sqlite::Connection writer(path, sqlite::Connection::Mode::Create, options.vfs);
-        prepareSchema(writer);
-        writer.execute("PRAGMA journal_mode = WAL; PRAGMA synchronous = FULL");
-        sqlite::Connection reader(path, sqlite::Connection::Mode::ReadOnly, options.vfs);
-        return {std::unique_ptr<RecipeStore>(
-                    new RecipeStore(std::move(options), std::move(reader), std::move(writer))),
-                {},
-                {}};
+        LibraryFile file = openLibrary(options.folder, options.vfs, options.now());
+        const QString notice = file.notice;
+        return {
+            std::unique_ptr<RecipeStore>(new RecipeStore(std::move(options), std::move(file))), {}, notice};
+    } catch (const LibraryError& error) {
+        return {nullptr, error.description, {}};
     } catch (const sqlite::Error& error) {
-        return failed(error.description());
-    } catch (const SchemaError& error) {
-        return failed(error.description);
+        return {nullptr, error.description(), {}};
     }
 }
 
 RecipeStore::~RecipeStore()
 {
-    m_writer.reset();
     for (const RecipePtr& recipe : m_recipes)
         recipe->m_store = nullptr;
+    // The connection that is closed last empties the log into the file, which only the writer's can.
+    m_reader.reset();
+    m_writer.reset();
 }
 
 template<typename Read>
@@ -77,6 +69,8 @@ auto RecipeStore::reading(Read read) -> decltype(read())
     try {
         return read();
     } catch (const sqlite::Error& error) {
+        if (error.isDamage())
+            markDamaged(m_options.folder);
         Q_EMIT readFailed(error.description());
         return decltype(read())();
     }
@@ -185,6 +179,11 @@ QFuture<SaveResult> RecipeStore::saved()
     return result;
 }
 
+QStringList RecipeStore::check(const std::function<bool(const QByteArray&)>& isDecodable)
+{
+    return checkLibrary(*m_reader, isDecodable);
+}
+
 void RecipeStore::recipeChanged(Recipe& recipe, RecipeAttributes attributes)
 {
     enqueue({Write::Kind::Update, recipe.m_record, attributes, {}});
@@ -215,6 +214,8 @@ void RecipeStore::acknowledge(const WrittenBatch& batch)
             recipe = find(id);
         if (!written.result.isSaved()) {
             m_stale[id] |= unlisted;
+            if (written.metDamage)
+                markDamaged(m_options.folder);
             Q_EMIT saveFailed(recipe, written.result.error);
         }
         if (--m_pending[id] > 0)

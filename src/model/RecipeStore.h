@@ -9,6 +9,7 @@
 #include <QtCore/QObject>
 #include <QtCore/QTimer>
 
+#include <functional>
 #include <memory>
 #include <ranges>
 #include <vector>
@@ -19,6 +20,7 @@ namespace sqlite {
 class Connection;
 class Error;
 } // namespace sqlite
+struct LibraryFile;
 struct ListedRecipe;
 struct RecipeDetails;
 struct Write;
@@ -88,6 +90,10 @@ public:
     /// Looks for other processes' changes now.
     void refresh();
 
+    /// What is wrong with the library on disk, a sentence each; reads all of it. `isDecodable` says whether
+    /// bytes are a photo.
+    QStringList check(const std::function<bool(const QByteArray&)>& isDecodable);
+
     Instant now() const { return m_options.now(); }
     QString folder() const { return m_options.folder; }
 
@@ -103,7 +109,7 @@ Q_SIGNALS:
 private:
     friend class Recipe;
 
-    RecipeStore(Options options, sqlite::Connection reader, sqlite::Connection writer);
+    RecipeStore(Options options, LibraryFile file);
 
     void recipeChanged(Recipe& recipe, RecipeAttributes attributes);
     std::optional<RecipeDetails> details(const QUuid& id);

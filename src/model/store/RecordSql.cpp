@@ -185,6 +185,23 @@ const std::string& insertSql()
 
 } // namespace
 
+const std::string_view fullSql =
+    "SELECT rowid, 0, id, title, author, publisher, sourceURL, tintHex, yield, prepMinutes, cookMinutes, "
+    "totalMinutes, ingredients, isSaved, scale, createdAt, lastCookedAt, timesCooked, summary, stepsData, "
+    "notes "
+    "FROM Recipe";
+
+std::optional<RecipeRecord> readFull(Statement& row)
+{
+    auto listed = readListed(row);
+    if (!listed)
+        return std::nullopt;
+    listed->record.summary = row.text(18);
+    listed->record.stepsData = row.blob(19);
+    listed->record.notes = row.text(20);
+    return std::move(listed->record);
+}
+
 std::vector<ListedRecipe> listRecipes(Connection& connection)
 {
     std::vector<ListedRecipe> recipes;

@@ -24,6 +24,10 @@ struct RecipeDetails
     QString notes;
 };
 
+/// Selects whole rows for `readFull`, photos aside; the row number comes first.
+extern const std::string_view fullSql;
+std::optional<RecipeRecord> readFull(sqlite::Statement& row);
+
 /// All recipes, in order of insertion.
 std::vector<ListedRecipe> listRecipes(sqlite::Connection& connection);
 std::optional<ListedRecipe> listRecipe(sqlite::Connection& connection, const QUuid& id);

@@ -1,6 +1,7 @@
 #include "model/store/Schema.h"
 
 #include "model/RecipeRecord.h"
+#include "model/store/LibraryFile.h"
 
 #include <array>
 #include <string>
@@ -94,10 +95,10 @@ std::size_t versionOf(sqlite::Connection& connection)
     if (connection.number("SELECT count(*) FROM sqlite_schema") == 0)
         return 0;
     if (connection.number("PRAGMA application_id") != schemaApplicationId)
-        throw SchemaError{QStringLiteral("The file is another program’s database, not a recipe library.")};
+        throw LibraryError{QStringLiteral("The file is another program’s database, not a recipe library.")};
     const qint64 version = connection.number("PRAGMA user_version");
     if (version < 1 || version > schemaVersion)
-        throw SchemaError{
+        throw LibraryError{
             QStringLiteral("It was last used by a newer version of Ovrin. Update Ovrin to open it.")};
     return static_cast<std::size_t>(version);
 }

@@ -9,14 +9,8 @@ inline constexpr int schemaVersion = 1;
 /// Marks a database as a recipe library ("OVRN"), kept in its `application_id`.
 inline constexpr qint64 schemaApplicationId = 0x4f56524e;
 
-/// Thrown when a library cannot be used as it is; the text is for the user.
-struct SchemaError
-{
-    QString description;
-};
-
 /// Makes the tables in an empty database, or brings older ones forward, in one transaction. Throws
-/// SchemaError for a newer library or someone else's database, having changed nothing.
+/// LibraryError for a newer library or someone else's database, having changed nothing.
 void prepareSchema(sqlite::Connection& connection);
 
 } // namespace ovrin

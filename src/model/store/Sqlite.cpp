@@ -252,6 +252,11 @@ bool Connection::inTransaction() const
     return sqlite3_get_autocommit(m_database.get()) == 0;
 }
 
+bool Connection::isReadOnly() const
+{
+    return sqlite3_db_readonly(m_database.get(), "main") == 1;
+}
+
 Transaction::Transaction(Connection& connection)
     : m_connection(connection)
 {

@@ -96,6 +96,8 @@ public:
     /// Rows that the last statement changed.
     qint64 changes() const;
     bool inTransaction() const;
+    /// Asked for more, but the file allows only this.
+    bool isReadOnly() const;
 
 private:
     Statement one(std::string_view sql);

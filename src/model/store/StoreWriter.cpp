@@ -86,7 +86,8 @@ void StoreWriter::perform(Batch& batch)
         try {
             written = writeTogether(single);
         } catch (const sqlite::Error& error) {
-            written.writes = {{single.front().kind, single.front().record.id, {error.description()}}};
+            written.writes = {
+                {single.front().kind, single.front().record.id, {error.description()}, error.isDamage()}};
             if (m_firstError.isEmpty())
                 m_firstError = error.description();
         }
@@ -99,7 +100,7 @@ WrittenBatch StoreWriter::writeTogether(Batch& batch)
     WrittenBatch written;
     const auto writeAll = [&] {
         for (Write& write : batch)
-            written.writes.push_back({write.kind, write.record.id, writeOne(write)});
+            written.writes.push_back({write.kind, write.record.id, writeOne(write), false});
     };
     if (std::ranges::all_of(batch, [](const Write& write) { return write.kind == Write::Kind::Barrier; })) {
         writeAll();

@@ -36,6 +36,8 @@ struct Written
     Write::Kind kind = Write::Kind::Barrier;
     QUuid id;
     SaveResult result;
+    /// It failed because the file is damaged.
+    bool metDamage = false;
 };
 
 /// What became of the writes of one transaction.
