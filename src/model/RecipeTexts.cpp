@@ -2,17 +2,7 @@
 
 #include "model/SearchFolding.h"
 
-#if __has_include("text/IngredientScaler.h")
 #include "text/IngredientScaler.h"
-#else
-// Until the text room has its scaler: lines pass through unchanged.
-namespace ovrin::IngredientScaler {
-static QString scale(const QString& line, double, const QLocale&)
-{
-    return line;
-}
-} // namespace ovrin::IngredientScaler
-#endif
 
 namespace ovrin {
 

@@ -109,9 +109,10 @@ TEST(Recipe, ShareText)
                    {.title = QStringLiteral("For the sauce"), .paragraphs = {QStringLiteral("Stir.")}}};
     draft.sourceURL = QUrl(QStringLiteral("https://example.org/ä"));
     Recipe recipe(draft, noon);
+    recipe.setScale(2);
     EXPECT_EQ(recipe.shareText(QLocale::c()),
               QStringLiteral(
-                  "Soup\nAnn\n\nWarm.\n\nINGREDIENTS\n• For the broth:\n• 1/2 cup water\n\nDIRECTIONS\n\n"
+                  "Soup\nAnn\n\nWarm.\n\nINGREDIENTS\n• For the broth:\n• 1 cup water\n\nDIRECTIONS\n\n"
                   "Step 1\nBoil.\nWait.\n\nStep 2 — For the sauce\nStir.\n\nhttps://example.org/%C3%A4"));
 }
 
