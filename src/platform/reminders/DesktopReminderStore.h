@@ -1,0 +1,34 @@
+#pragma once
+
+#include "reminders/ReminderStore.h"
+
+#include <chrono>
+#include <memory>
+
+namespace ovrin {
+
+/// The task lists of Evolution Data Server: what the desktop's own task applications show, and what CalDAV
+/// accounts sync. Each operation ends within the time limit, with an error when the service has not answered.
+/// Use it on one worker thread: made, called and destroyed there.
+class DesktopReminderStore : public ReminderStore
+{
+public:
+    explicit DesktopReminderStore(std::chrono::milliseconds timeLimit = std::chrono::seconds(15));
+    ~DesktopReminderStore() override;
+
+    bool requestAccess() override;
+    std::vector<List> lists() override;
+    std::optional<Source> defaultSource() override;
+    std::vector<Source> sources() override;
+    List createList(const QString& title, const Source& source) override;
+    void add(const List& list, const std::vector<Reminder>& reminders) override;
+
+private:
+    struct Session;
+    Session& session();
+
+    std::chrono::milliseconds m_timeLimit;
+    std::unique_ptr<Session> m_session;
+};
+
+} // namespace ovrin
