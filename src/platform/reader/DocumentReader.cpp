@@ -118,11 +118,11 @@ private:
 
 } // namespace
 
-QString findDocumentReader(const QString& applicationFolder)
+QString findHelper(const QString& applicationFolder, const QString& name)
 {
     for (const auto* folder : {".", OVRIN_LIBEXEC_FROM_BIN}) {
         const QDir place(applicationFolder + u'/' + QString::fromLatin1(folder));
-        const QFileInfo program(place.filePath(QStringLiteral("document-reader")));
+        const QFileInfo program(place.filePath(name));
         if (program.isFile() && program.isExecutable()) {
             return program.canonicalFilePath();
         }

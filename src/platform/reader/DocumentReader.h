@@ -12,9 +12,9 @@
 
 namespace ovrin {
 
-/// The program `document-reader`: beside the application's own programs, or where an installation puts
+/// One of Ovrin's helper programs: beside the application's own programs, or where an installation puts
 /// helpers. Empty when it is at neither place.
-QString findDocumentReader(const QString& applicationFolder);
+QString findHelper(const QString& applicationFolder, const QString& name);
 
 /// Asks the document reader, one process for each request: a document that has taken one over has no way to
 /// the answer for the next. A process ends with its answer, its time, its caller's interest, and this object;

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "cli/Console.h"
+#include "model/RecipeDraft.h"
+
+namespace ovrin::cli {
+
+/// The draft in a JSON file, or on standard input for "-". Throws Failure when there is none.
+RecipeDraft readDraft(const QString& path, const Console& console);
+
+} // namespace ovrin::cli
