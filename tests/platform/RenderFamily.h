@@ -18,14 +18,19 @@ public:
     QStringList living() const
     {
         QStringList names;
-        const QStringList processes =
-            QDir(QStringLiteral("/proc")).entryList({QStringLiteral("[0-9]*")}, QDir::Dirs);
-        for (const QString& process : processes) {
-            const QString folder = QStringLiteral("/proc/%1/").arg(process);
-            if (read(folder + QStringLiteral("environ")).contains(QFile::encodeName(m_folder.path())))
-                names += QString::fromUtf8(read(folder + QStringLiteral("comm"))).trimmed();
-        }
+        for (const QString& folder : folders())
+            names += QString::fromUtf8(read(folder + QStringLiteral("comm"))).trimmed();
         return names;
+    }
+    /// Their memory together, what several share being divided among them (PSS).
+    qint64 proportionalKilobytes() const
+    {
+        qint64 sum = 0;
+        for (const QString& folder : folders()) {
+            const QByteArray text = read(folder + QStringLiteral("smaps_rollup"));
+            sum += text.mid(text.indexOf("\nPss:") + 5).trimmed().split(' ').first().toLongLong();
+        }
+        return sum;
     }
     /// Files and folders that they left.
     QStringList leftovers() const
@@ -34,6 +39,18 @@ public:
     }
 
 private:
+    QStringList folders() const
+    {
+        QStringList found;
+        const QStringList processes =
+            QDir(QStringLiteral("/proc")).entryList({QStringLiteral("[0-9]*")}, QDir::Dirs);
+        for (const QString& process : processes) {
+            const QString folder = QStringLiteral("/proc/%1/").arg(process);
+            if (read(folder + QStringLiteral("environ")).contains(QFile::encodeName(m_folder.path())))
+                found += folder;
+        }
+        return found;
+    }
     static QByteArray read(const QString& path)
     {
         QFile file(path);

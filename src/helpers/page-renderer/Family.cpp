@@ -81,13 +81,17 @@ int wait(pid_t worker, int signals, Clock::time_point limit)
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(limit - Clock::now()).count();
         if (left <= 0)
             return static_cast<int>(RenderOutcome::TimedOut);
-        if (poll(sources, 2, static_cast<int>(left)) < 0 && errno != EINTR)
+        if (poll(sources, 2, static_cast<int>(left)) < 0) {
+            if (errno == EINTR)
+                continue;
             return static_cast<int>(RenderOutcome::Failed);
-        if (const std::optional<int> status = reap(worker))
-            return *status;
+        }
+        // Signals are taken in before looking who has ended: one that comes in between wakes the next poll.
         signalfd_siginfo signal{};
         const bool asked = sources[1].revents != 0 && read(signals, &signal, sizeof signal) > 0 &&
                            signal.ssi_signo != SIGCHLD;
+        if (const std::optional<int> status = reap(worker))
+            return *status;
         if (asked || atEnd(sources[0]))
             return static_cast<int>(RenderOutcome::Stopped);
     }
