@@ -43,6 +43,7 @@ public:
     };
     Q_ENUM(Action)
 
+    using QObject::QObject;
     ~UserNotificationCenter() override;
 
     /// Whether notes can be shown at all. Asked anew before every request.
