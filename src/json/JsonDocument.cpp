@@ -7,16 +7,19 @@
 
 #include <rapidjson/document.h>
 
+#include <charconv>
 #include <cmath>
+#include <string_view>
 
 namespace ovrin {
 namespace {
 
 using Node = rapidjson::Value;
 
-// Iterative, so that no nesting can exhaust the stack; in place, so that strings are not copied.
+// Iterative, so that no nesting can exhaust the stack; in place, so that strings are not copied; numbers as
+// they are written, since the library's own exact reading of them does what C++ leaves undefined ("0.0…0e1").
 constexpr unsigned parseFlags = rapidjson::kParseInsituFlag | rapidjson::kParseIterativeFlag |
-                                rapidjson::kParseFullPrecisionFlag | rapidjson::kParseValidateEncodingFlag;
+                                rapidjson::kParseNumbersAsStringsFlag | rapidjson::kParseValidateEncodingFlag;
 
 /// Passes the reader's events on to the tree until a bound is exceeded.
 class BoundedBuilder
@@ -34,9 +37,18 @@ public:
     bool Int64(int64_t value) { return mayAdd() && m_tree.Int64(value); }
     bool Uint64(uint64_t value) { return mayAdd() && m_tree.Uint64(value); }
     bool Double(double value) { return mayAdd() && m_tree.Double(value); }
-    bool RawNumber(const char* text, unsigned length, bool copy)
+    bool RawNumber(const char* text, unsigned length, bool /*copy*/)
     {
-        return m_tree.RawNumber(text, length, copy);
+        const std::string_view number(text, length);
+        if (const auto whole = read<int64_t>(number)) {
+            return Int64(*whole);
+        }
+        if (const auto large = read<uint64_t>(number)) {
+            return Uint64(*large);
+        }
+        // Beyond the range of double there is nothing that a document of ours could mean.
+        const auto real = read<double>(number);
+        return real && Double(*real);
     }
     bool String(const char* text, unsigned length, bool copy)
     {
@@ -60,6 +72,15 @@ public:
     }
 
 private:
+    template<typename Number>
+    static std::optional<Number> read(std::string_view text)
+    {
+        const char* const end = text.data() + text.size();
+        Number number{};
+        const auto [stopped, error] = std::from_chars(text.data(), end, number);
+        return error == std::errc() && stopped == end ? std::optional(number) : std::nullopt;
+    }
+
     bool mayAdd() { return ++m_values <= JsonDocument::maxValues; }
     bool mayNest() { return ++m_depth <= JsonDocument::maxDepth && mayAdd(); }
 

@@ -64,6 +64,8 @@ TEST(JsonDocument, NumbersReadAsPeopleWriteThem)
         {"9223372036854775807", "9223372036854775807", 9223372036854775807},
         {"9223372036854775808", "9223372036854775808", std::nullopt},
         {"1e300", "1e+300", std::nullopt},
+        {"0.000000000000000000000000000000000e1", "0", 0},
+        {"2.5E1", "25", 25},
         {"\"6\"", "", std::nullopt},
         {"true", "", std::nullopt},
     };
@@ -101,6 +103,7 @@ TEST(JsonDocument, RefusesWhatIsNotStrictJson)
         "/**/{}",
         "[1 2]",
         "1e999",
+        "1e-999",
     };
     for (const std::string_view text : broken) {
         EXPECT_FALSE(parse(text)) << text;
