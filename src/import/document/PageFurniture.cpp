@@ -1,0 +1,211 @@
+#include "import/document/PageFurniture.h"
+
+#include "import/document/RecipeWords.h"
+
+#include <QtCore/QHash>
+#include <QtCore/QRegularExpression>
+#include <QtCore/QSet>
+
+#include <algorithm>
+
+namespace ovrin {
+
+namespace {
+
+/// How many lines at a page's head or foot may be its running head.
+constexpr qsizetype marginLines = 2;
+constexpr double largeType = 1.2;
+
+QRegularExpression pattern(const QString& text)
+{
+    return QRegularExpression(text, QRegularExpression::CaseInsensitiveOption |
+                                        QRegularExpression::UseUnicodePropertiesOption);
+}
+
+bool matchesAny(const QList<QRegularExpression>& forms, const QString& text)
+{
+    return std::any_of(forms.begin(), forms.end(),
+                       [&](const QRegularExpression& form) { return form.match(text).hasMatch(); });
+}
+
+/// "Save | Print | Share", "Save Print Share"
+bool isRowOfButtons(const QString& lower)
+{
+    static const QRegularExpression separator = pattern(QStringLiteral("\\s*[|•·/,]\\s*|\\s{2,}"));
+    static const QSet<QString> menu{
+        QStringLiteral("home"),      QStringLiteral("recipes"),      QStringLiteral("about"),
+        QStringLiteral("contact"),   QStringLiteral("blog"),         QStringLiteral("shop"),
+        QStringLiteral("search"),    QStringLiteral("menu"),         QStringLiteral("login"),
+        QStringLiteral("subscribe"), QStringLiteral("videos"),       QStringLiteral("books"),
+        QStringLiteral("facebook"),  QStringLiteral("pinterest"),    QStringLiteral("twitter"),
+        QStringLiteral("instagram"), QStringLiteral("tweet"),        QStringLiteral("like"),
+        QStringLiteral("log in"),    QStringLiteral("sign in"),      QStringLiteral("sign up"),
+        QStringLiteral("rezepte"),   QStringLiteral("suche"),        QStringLiteral("drucken"),
+        QStringLiteral("teilen"),    QStringLiteral("imprimer"),     QStringLiteral("partager"),
+        QStringLiteral("stampa"),    QStringLiteral("imprimir"),     QStringLiteral("compartir"),
+        QStringLiteral("afdrukken"), QStringLiteral("print recipe"),
+    };
+    const auto known = [](const QString& part) {
+        return part.isEmpty() || RecipeWords::noise().contains(part) || menu.contains(part);
+    };
+    const QStringList parts = lower.split(separator, Qt::SkipEmptyParts);
+    if (parts.size() > 1 && std::all_of(parts.begin(), parts.end(), known)) {
+        return true;
+    }
+    const QStringList words = lower.split(u' ', Qt::SkipEmptyParts);
+    return (words.size() > 1 && std::all_of(words.begin(), words.end(), known)) || menu.contains(lower);
+}
+
+bool isNoise(const QString& lower)
+{
+    return RecipeWords::noise().contains(lower) || lower.contains(QStringLiteral("click here to see")) ||
+           lower.contains(QStringLiteral("recipe units are from")) ||
+           (lower.startsWith(QStringLiteral("customiz")) && lower.size() < 20) ||
+           lower == QStringLiteral("e units");
+}
+
+/// The same text from page to page, whatever the page's number in it.
+QString withoutNumbers(const QString& text)
+{
+    static const QRegularExpression digits(QStringLiteral("\\d+"));
+    return QString(text).replace(digits, QStringLiteral("#")).simplified();
+}
+
+struct Margins
+{
+    QSet<qsizetype> lines;
+    QSet<QString> recurring;
+};
+
+Margins margins(const QList<TextLine>& lines)
+{
+    Margins margins;
+    QHash<QString, QSet<int>> pagesOf;
+    for (qsizetype begin = 0; begin < lines.size();) {
+        qsizetype end = begin;
+        while (end < lines.size() && lines[end].page == lines[begin].page) {
+            ++end;
+        }
+        for (qsizetype i = begin; i < end; ++i) {
+            if (i < begin + marginLines || i >= end - marginLines) {
+                margins.lines.insert(i);
+                pagesOf[withoutNumbers(lines[i].text)].insert(lines[i].page);
+            }
+        }
+        begin = end;
+    }
+    for (auto it = pagesOf.cbegin(); it != pagesOf.cend(); ++it) {
+        if (it.value().size() > 1) {
+            margins.recurring.insert(it.key());
+        }
+    }
+    return margins;
+}
+
+bool isPageNumber(const QString& text)
+{
+    static const QRegularExpression number = pattern(
+        QStringLiteral("^(?:page|seite|p\\.|s\\.|pagina|página|strona|sida|side)?\\s*[-–—]?\\s*\\d{1,4}\\s*"
+                       "(?:[-–—]|(?:of|von|/|sur|de|di|van|z|av|af)\\s*\\d{1,4})?$"));
+    return number.match(text).hasMatch();
+}
+
+} // namespace
+
+bool PageFurniture::isStatusBar(const QString& line)
+{
+    static const QString weekday = QStringLiteral("(?:mon|tue|wed|thu|fri|sat|sun)[a-z]*\\.?");
+    static const QString month =
+        QStringLiteral("(?:jan|feb|mar|apr|may|jun|jul|aug|sep|oct|nov|dec)[a-z]*\\.?");
+    static const QString clock = QStringLiteral("\\d{1,2}:\\d{2}(?:\\s?[ap]\\.?m\\.?)?");
+    static const QString date = QStringLiteral("(?:%1\\s+\\d{1,2}|\\d{1,2}\\s+%1)").arg(month);
+    static const QList<QRegularExpression> forms{
+        pattern(QStringLiteral("^%1(?:\\s+(?:%2\\s*)?(?:%3)?)?$").arg(clock, weekday, date)),
+        pattern(QStringLiteral("^(?:(?:%2\\s*)?%3\\s+)?%1$").arg(clock, weekday, date)),
+        pattern(QStringLiteral("^%2\\s+%1$").arg(clock, weekday)),
+        pattern(QStringLiteral("^\\d{1,3}\\s?%$")),
+    };
+    return matchesAny(forms, line.trimmed().toLower());
+}
+
+bool PageFurniture::isFurniture(const QString& line)
+{
+    static const QList<QRegularExpression> forms{
+        // Addresses, alone or behind a word such as "Printed from".
+        pattern(QStringLiteral("^(?:[\\p{L} ]{0,24}[: ]\\s*)?(?:https?://|www\\.)\\S+(?:\\s+\\d+/\\d+)?$")),
+        pattern(QStringLiteral(
+            "^[a-z0-9-]+(?:\\.[a-z0-9-]+)*\\.(?:com|org|net|de|fr|es|it|nl|pt|pl|se|dk|co\\.uk|"
+            "example|recipes|blog|kitchen)(?:/\\S*)?$")),
+        pattern(QStringLiteral("^(?:©|\\(c\\)|copyright\\b)")),
+        pattern(QStringLiteral("all rights reserved|alle rechte vorbehalten|tous droits réservés|"
+                               "todos los derechos")),
+        pattern(QStringLiteral("^page \\d+ (?:of|/) \\d+$")),
+        // Ratings: stars, "4.8 (120 reviews)", "4.8 from 120 votes".
+        pattern(QStringLiteral("^[★☆⭐✩✭\\s]{2,}")),
+        pattern(QStringLiteral("^\\d(?:[.,]\\d+)?\\s*(?:/\\s*5|stars?|★)?\\s*(?:\\(|from|·|•)\\s*[\\d,.]+\\s*"
+                               "(?:reviews?|ratings?|votes?)?\\)?$")),
+        pattern(QStringLiteral("^[\\d,.]+ (?:reviews?|ratings?|comments?|votes?|shares?|likes?)$")),
+        // A browser's print header: a date and a clock, then the page's title.
+        pattern(QStringLiteral("^\\d{1,2}[./-]\\d{1,2}[./-]\\d{2,4},?\\s+\\d{1,2}:\\d{2}")),
+        // The way through a site.
+        pattern(QStringLiteral("^\\S[^.]{0,40}\\s[›»>]\\s[^.]{0,60}$")),
+        pattern(
+            QStringLiteral("^(?:skip to|jump to|subscribe|follow us|sign up|log in|advertisement|sponsored|"
+                           "scroll down|continue reading|read more|click here|leave a (?:comment|review)|"
+                           "save this recipe|print this|pin (?:it|this|recipe)|rate this|share (?:this|on)|"
+                           "printed from|this (?:post|page) (?:may )?contains? affiliate|accept cookies|"
+                           "we use cookies|follow @|tag @)\\b")),
+        // A phone's network beside its battery.
+        pattern(QStringLiteral("^(?:lte|[2345]g|wi-?fi|edge)\\b[\\s\\d%]*$")),
+        // A line of a table of contents.
+        pattern(QStringLiteral("(?:\\.\\s?){4,}\\s*\\d{1,4}$")),
+    };
+    const QString text = line.trimmed();
+    const QString lower = text.toLower();
+    const bool hasLetterOrDigit =
+        std::any_of(text.begin(), text.end(), [](QChar c) { return c.isLetterOrNumber(); });
+    return !hasLetterOrDigit || isNoise(lower) || isStatusBar(text) || isRowOfButtons(lower) ||
+           matchesAny(forms, text);
+}
+
+QList<TextLine> PageFurniture::removed(const QList<TextLine>& lines)
+{
+    const Margins margin = margins(lines);
+    QList<TextLine> kept;
+    bool startsBlock = false;
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        TextLine line = lines[i];
+        line.text = line.text.trimmed();
+        startsBlock = startsBlock || line.startsBlock || line.text.isEmpty();
+        const bool inMargin = margin.lines.contains(i);
+        const bool recurs = inMargin && line.relativeHeight < largeType &&
+                            margin.recurring.contains(withoutNumbers(line.text));
+        const bool numbersPage = inMargin && lines.size() > 4 && isPageNumber(line.text) &&
+                                 (i + 1 == lines.size() || lines[i + 1].page != line.page || i == 0 ||
+                                  lines[i - 1].page != line.page);
+        if (line.text.isEmpty() || recurs || numbersPage || isFurniture(line.text)) {
+            continue;
+        }
+        line.startsBlock = startsBlock;
+        startsBlock = false;
+        kept.append(line);
+    }
+    return kept;
+}
+
+QStringList PageFurniture::siteNames(const QList<TextLine>& lines)
+{
+    static const QRegularExpression address = pattern(QStringLiteral(
+        "(?:https?://|www\\.|\\b)(?:www\\.)?([a-z0-9-]+)\\.(?:com|org|net|de|fr|es|it|nl|pt|pl|se|dk|"
+        "co\\.uk|example|recipes|blog|kitchen)\\b"));
+    QStringList names;
+    for (const TextLine& line : lines) {
+        const auto match = address.match(line.text);
+        if (match.hasMatch()) {
+            names.append(match.captured(1).toLower().remove(u'-'));
+        }
+    }
+    return names;
+}
+
+} // namespace ovrin

@@ -1,0 +1,203 @@
+#include "import/document/RecipeHead.h"
+
+#include "import/document/LineShape.h"
+#include "import/document/RecipeFacts.h"
+#include "import/document/RecipeItems.h"
+#include "import/document/RecipeTextParser.h"
+
+#include <QtCore/QSet>
+
+#include <algorithm>
+#include <cmath>
+
+namespace ovrin {
+
+namespace {
+
+constexpr double titleType = 1.15;
+constexpr qsizetype longestTitle = 110;
+constexpr qsizetype leastSummary = 40;
+
+QString lettersOf(const QString& text)
+{
+    QString letters;
+    for (const QChar c : text) {
+        if (c.isLetterOrNumber()) {
+            letters += c.toLower();
+        }
+    }
+    return letters;
+}
+
+QSet<QString> longWords(const QString& text)
+{
+    QSet<QString> words;
+    for (const QString& raw : text.toLower().split(u' ', Qt::SkipEmptyParts)) {
+        const QString word = lettersOf(raw);
+        if (word.size() > 3) {
+            words.insert(word.first(4));
+        }
+    }
+    return words;
+}
+
+/// The share of a title's words that the recipe itself speaks of.
+double shareSpokenOf(const QString& title, const QSet<QString>& spoken)
+{
+    const QSet<QString> words = longWords(title);
+    if (words.isEmpty()) {
+        return 0;
+    }
+    const auto known =
+        std::count_if(words.begin(), words.end(), [&](const QString& w) { return spoken.contains(w); });
+    return static_cast<double>(known) / static_cast<double>(words.size());
+}
+
+class Head
+{
+public:
+    Head(const RecipeOutline& parts, const QStringList& siteNames, RecipeDraft& draft)
+        : m_draft(draft)
+        , m_siteNames(siteNames)
+    {
+        for (const QList<TextLine>& list : {parts.ingredients, parts.directions}) {
+            for (const TextLine& line : list) {
+                m_spoken.unite(longWords(line.text));
+            }
+        }
+        RecipeFacts facts(draft);
+        for (const TextLine& line : parts.head) {
+            if (isLargeType(line) || !facts.read(line.text)) {
+                takeUnlessPublisher(line);
+            }
+        }
+    }
+
+    void read()
+    {
+        const Title best = bestTitle();
+        m_draft.title = best.text;
+        m_draft.summary = summary(m_lines.sliced(best.end));
+    }
+
+private:
+    void takeUnlessPublisher(const TextLine& line)
+    {
+        if (m_siteNames.contains(lettersOf(line.text))) {
+            if (m_draft.publisher.isEmpty()) {
+                m_draft.publisher = line.text;
+            }
+            return;
+        }
+        m_lines.append(line);
+    }
+
+    bool mayBeTitle(const TextLine& line) const
+    {
+        return line.text.size() <= longestTitle && !LineShape::hasBullet(line.text) &&
+               !(LineShape::endsSentence(line.text) && LineShape::isProse(line.text));
+    }
+
+    /// A run of lines that may be one title.
+    struct Title
+    {
+        QString text;
+        qsizetype end = 0;
+    };
+
+    /// Large type counts most, then that the recipe speaks of what the title names; of equals the first.
+    Title bestTitle() const
+    {
+        const int page = lastPageWithTitle();
+        Title best;
+        double bestScore = 0;
+        qsizetype rank = 0;
+        for (qsizetype i = 0; i < m_lines.size();) {
+            const TextLine& line = m_lines[i];
+            if (line.page != page || !mayBeTitle(line)) {
+                ++i;
+                continue;
+            }
+            Title title{line.text, i + 1};
+            while (title.end < m_lines.size() && continuesTitle(title.end)) {
+                title.text = RecipeItems::joined(title.text, m_lines[title.end++].text);
+            }
+            const double large = line.relativeHeight >= titleType ? line.relativeHeight * 2 : 1;
+            const double score = large * (1 + 0.6 * shareSpokenOf(title.text, m_spoken)) -
+                                 0.12 * static_cast<double>(std::min<qsizetype>(rank++, 8));
+            i = title.end;
+            if (score > bestScore) {
+                best = title;
+                bestScore = score;
+            }
+        }
+        return best;
+    }
+
+    /// A cover and a preface may come before the page that the recipe begins on.
+    int lastPageWithTitle() const
+    {
+        int page = -1;
+        for (const TextLine& line : m_lines) {
+            if (mayBeTitle(line) && (page < 0 || line.relativeHeight >= titleType)) {
+                page = line.page;
+            }
+        }
+        return page;
+    }
+
+    bool continuesTitle(qsizetype i) const
+    {
+        const TextLine& line = m_lines[i];
+        const TextLine& previous = m_lines[i - 1];
+        if (line.page != previous.page || !mayBeTitle(line)) {
+            return false;
+        }
+        const bool sameType =
+            std::abs(line.relativeHeight - previous.relativeHeight) < 0.07 * previous.relativeHeight;
+        if (previous.relativeHeight >= titleType) {
+            return sameType && !line.startsBlock;
+        }
+        return sameType && !line.startsBlock &&
+               !RecipeTextParser::startsParagraph(line.text, previous.text, true);
+    }
+
+    /// The first paragraph of running text below the title.
+    static QString summary(const QList<TextLine>& lines)
+    {
+        const double width = RecipeItems::fullWidth(lines);
+        QString paragraph;
+        QString previous;
+        for (const TextLine& line : lines) {
+            const bool begins = paragraph.isEmpty() ||
+                                RecipeTextParser::startsParagraph(
+                                    line.text, previous,
+                                    line.startsBlock || RecipeItems::hadRoomFor(line.text, previous, width));
+            if (begins && isSummary(paragraph)) {
+                return paragraph;
+            }
+            paragraph = begins ? line.text : RecipeItems::joined(paragraph, line.text);
+            previous = line.text;
+        }
+        return isSummary(paragraph) ? paragraph : QString();
+    }
+
+    static bool isSummary(const QString& text)
+    {
+        return text.size() >= leastSummary && LineShape::isProse(text);
+    }
+
+    RecipeDraft& m_draft;
+    const QStringList& m_siteNames;
+    QSet<QString> m_spoken;
+    QList<TextLine> m_lines;
+};
+
+} // namespace
+
+void readHead(const RecipeOutline& parts, const QStringList& siteNames, RecipeDraft& draft)
+{
+    Head(parts, siteNames, draft).read();
+}
+
+} // namespace ovrin

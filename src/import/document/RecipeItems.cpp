@@ -1,0 +1,259 @@
+#include "import/document/RecipeItems.h"
+
+#include "import/document/LineShape.h"
+#include "import/document/RecipeTextParser.h"
+#include "import/document/RecipeWords.h"
+
+#include <QtCore/QRegularExpression>
+#include <QtCore/QSet>
+
+#include <algorithm>
+
+namespace ovrin {
+
+namespace {
+
+qsizetype count(const QList<TextLine>& lines, bool (*is)(const QString&))
+{
+    return std::count_if(lines.begin(), lines.end(), [is](const TextLine& line) { return is(line.text); });
+}
+
+bool hasOpenBracket(const QString& text)
+{
+    return text.count(u'(') > text.count(u')');
+}
+
+double medianWidth(const QList<TextLine>& lines)
+{
+    std::vector<double> widths;
+    for (const TextLine& line : lines) {
+        widths.push_back(LineShape::estimatedWidth(line.text));
+    }
+    std::sort(widths.begin(), widths.end());
+    return widths.empty() ? 0 : widths[widths.size() / 2];
+}
+
+QString lastWord(const QString& text)
+{
+    return text.section(u' ', -1).toLower();
+}
+
+} // namespace
+
+double RecipeItems::fullWidth(const QList<TextLine>& lines)
+{
+    double widest = 0;
+    for (const TextLine& line : lines) {
+        widest = std::max(widest, LineShape::estimatedWidth(line.text));
+    }
+    return widest;
+}
+
+bool RecipeItems::hadRoomFor(const QString& next, const QString& previous, double fullWidth)
+{
+    // The widths are estimates: a line counts as ended early only where the word would have fitted well.
+    constexpr double slack = 0.94;
+    const QString firstWord = next.section(u' ', 0, 0);
+    return LineShape::estimatedWidth(previous + u' ' + firstWord) < slack * fullWidth;
+}
+
+QString RecipeItems::joined(const QString& text, const QString& next)
+{
+    static const QSet<QString> keepsHyphen = [] {
+        const QStringList words =
+            QStringLiteral(
+                "all|self|low|high|medium|extra|well|half|full|non|semi|thick|thin|bite|free|gluten|dairy|"
+                "deep|heavy|light|long|short|single|double|two|three|four|five|six|eight|ten|twelve|one|"
+                "room|oven|store|sugar|fat|salt|grass|cold|hot|dry|fresh|freshly|sun|pan|stir|air|pre|"
+                "post|non-stick|multi|ready|quick|slow|whole|cross|old|good|hard|soft|fine|coarse|inch|"
+                "minute|hour|cup|quart|ounce|pound|golden|dark|large|small|mid|hand|home|must|on|off|up")
+                .split(u'|');
+        return QSet<QString>(words.begin(), words.end());
+    }();
+    static const QSet<QString> conjunctions{
+        QStringLiteral("und"), QStringLiteral("oder"), QStringLiteral("and"),
+        QStringLiteral("or"),  QStringLiteral("en"),   QStringLiteral("of"),
+        QStringLiteral("och"), QStringLiteral("og"),   QStringLiteral("to")};
+    if (text.isEmpty()) {
+        return next;
+    }
+    if (text.endsWith(QChar(0x00AD))) {
+        return text.chopped(1) + next;
+    }
+    const bool dividesWord = text.size() > 2 && (text.endsWith(u'-') || text.endsWith(QChar(0x2010))) &&
+                             text[text.size() - 2].isLetter() && !next.isEmpty() && next.front().isLetter();
+    if (!dividesWord) {
+        return text + u' ' + next;
+    }
+    const QString left = lastWord(text).chopped(1);
+    if (conjunctions.contains(next.section(u' ', 0, 0).toLower())) {
+        return text + u' ' + next;
+    }
+    if (!next.front().isLower() || keepsHyphen.contains(left) || left.contains(u'-')) {
+        return text + next;
+    }
+    return text.chopped(1) + next;
+}
+
+namespace {
+
+/// No column is so narrow that its lines are wrapped at this width, in LineShape::estimatedWidth.
+constexpr double narrowestColumn = 18;
+
+/// Tells the entries of one list of ingredients apart, by the list's own habits.
+class IngredientList
+{
+public:
+    explicit IngredientList(const QList<TextLine>& lines)
+        : m_lines(lines)
+        , m_fullWidth(RecipeItems::fullWidth(lines))
+        , m_isBulleted(count(lines, LineShape::hasBullet) * 5 >= lines.size() * 2)
+    {
+        qsizetype starts = 0;
+        qsizetype apart = 0;
+        qsizetype lowerCase = 0;
+        qsizetype words = 0;
+        for (const TextLine& line : lines) {
+            const bool starting = LineShape::startsWithAmount(line.text) || LineShape::hasBullet(line.text);
+            starts += starting ? 1 : 0;
+            apart += starting && line.startsBlock ? 1 : 0;
+            const bool isWord = !line.text.isEmpty() && line.text.front().isLetter();
+            words += isWord ? 1 : 0;
+            lowerCase += isWord && line.text.front().isLower() ? 1 : 0;
+        }
+        m_isSpaced = starts >= 3 && apart * 10 >= starts * 8;
+        m_isAmountList = starts * 10 >= lines.size() * 7;
+        m_isLowerCase = lowerCase * 2 > words;
+        const auto full = std::count_if(lines.begin(), lines.end(), [this](const TextLine& line) {
+            return LineShape::estimatedWidth(line.text) > 0.9 * m_fullWidth;
+        });
+        const bool someLong = m_fullWidth > 1.6 * medianWidth(lines);
+        m_mayWrap = m_fullWidth > narrowestColumn &&
+                    (someLong || (words * 4 > lines.size() && (!m_isLowerCase || full > 1)));
+    }
+
+    bool isGroupHeading(qsizetype i) const
+    {
+        const TextLine& line = m_lines[i];
+        const QString& text = line.text;
+        if (text.endsWith(u':') && text.size() < 60) {
+            return true;
+        }
+        const bool last = i + 1 == m_lines.size();
+        if (last || LineShape::startsWithAmount(text) || LineShape::hasBullet(text) || text.size() > 40 ||
+            LineShape::endsSentence(text) || !text.front().isUpper() || text.contains(u',')) {
+            return false;
+        }
+        const bool listFollows = startsWithMarkOrAmount(i + 1);
+        const QString lower = text.toLower();
+        const bool opensGroup = std::any_of(
+            RecipeWords::groupOpenings().begin(), RecipeWords::groupOpenings().end(),
+            [&](const QString& opening) { return opening.endsWith(u' ') && lower.startsWith(opening); });
+        const bool largerType = line.relativeHeight >= 1.12;
+        const bool capitals =
+            LineShape::isAllCapitals(text) && !LineShape::isAllCapitals(m_lines[i + 1].text);
+        // In bold, perhaps, but in the list's own size: the only line without a mark, apart from the rest.
+        const bool standsApart = (i == 0 || line.startsBlock) && !m_lines[i + 1].startsBlock &&
+                                 (m_isBulleted || m_isAmountList) && text.count(u' ') < 4;
+        return listFollows &&
+               (opensGroup || largerType || capitals || standsApart || (m_isBulleted && i == 0));
+    }
+
+    /// Whether line `i` continues `entry`, which ends in the line before.
+    bool continues(qsizetype i, const QString& entry) const
+    {
+        const TextLine& line = m_lines[i];
+        const QString& text = line.text;
+        const QString& previous = m_lines[i - 1].text;
+        if (LineShape::hasBullet(text)) {
+            return false;
+        }
+        if (m_isBulleted) {
+            return !line.startsBlock || text.front().isLower() || hasOpenBracket(entry);
+        }
+        const bool room = RecipeItems::hadRoomFor(text, previous, m_fullWidth);
+        const bool runsOn = hasOpenBracket(entry) || previous.endsWith(u'-') ||
+                            RecipeWords::connectors().contains(lastWord(previous));
+        if (LineShape::startsWithAmount(text)) {
+            return runsOn && !line.startsBlock && !room;
+        }
+        if (m_isSpaced) {
+            return !line.startsBlock;
+        }
+        if (line.startsBlock && !runsOn) {
+            return false;
+        }
+        if (runsOn || text.startsWith(u'(')) {
+            return true;
+        }
+        if (!m_mayWrap || RecipeWords::amountWords().contains(text.section(u' ', 0, 0).toLower())) {
+            return false;
+        }
+        const bool open = previous.endsWith(u',') || text.front().isLower();
+        return open && (!room ||
+                        (!m_isLowerCase && m_isAmountList && !previous.isEmpty() && previous.endsWith(u',')));
+    }
+
+private:
+    bool startsWithMarkOrAmount(qsizetype i) const
+    {
+        return LineShape::hasBullet(m_lines[i].text) || LineShape::startsWithAmount(m_lines[i].text) ||
+               LineShape::ingredientLikeness(m_lines[i].text) > 0.5;
+    }
+
+    const QList<TextLine>& m_lines;
+    double m_fullWidth;
+    bool m_isBulleted;
+    bool m_isSpaced = false;
+    bool m_isAmountList = false;
+    bool m_isLowerCase = false;
+    /// Some line is so much longer than the others, or so many begin with a word, that lines may be wrapped.
+    bool m_mayWrap = false;
+};
+
+/// "1. 2 cups flour": some lists number their ingredients.
+QString withoutListNumber(const QString& text)
+{
+    static const QRegularExpression number(QStringLiteral("^\\d{1,2}[.)]\\s+(?=\\S)"));
+    return QString(text).remove(number);
+}
+
+bool isNumberedList(const QList<TextLine>& lines)
+{
+    int expected = 1;
+    for (const TextLine& line : lines) {
+        const auto number = LineShape::numbered(line.text);
+        if (number && !LineShape::isBareNumber(line.text) && number->number == expected) {
+            ++expected;
+        }
+    }
+    return expected > 3;
+}
+
+} // namespace
+
+QStringList RecipeItems::ingredients(const QList<TextLine>& lines)
+{
+    const IngredientList list(lines);
+    const bool isNumbered = isNumberedList(lines);
+    QStringList entries;
+    bool mayContinue = false;
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        if (list.isGroupHeading(i)) {
+            const QString heading = LineShape::withoutBullet(lines[i].text);
+            entries.append(heading.endsWith(u':') ? heading : heading + u':');
+            mayContinue = false;
+        } else if (mayContinue && list.continues(i, entries.last())) {
+            entries.last() = joined(entries.last(), lines[i].text);
+        } else {
+            const QString entry = LineShape::withoutBullet(lines[i].text).trimmed();
+            if (!entry.isEmpty()) {
+                entries.append(isNumbered ? withoutListNumber(entry) : entry);
+                mayContinue = true;
+            }
+        }
+    }
+    return entries;
+}
+
+} // namespace ovrin

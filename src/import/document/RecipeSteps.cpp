@@ -1,0 +1,182 @@
+#include "import/document/LineShape.h"
+#include "import/document/RecipeItems.h"
+#include "import/document/RecipeTextParser.h"
+
+#include <QtCore/QRegularExpression>
+
+#include <algorithm>
+
+namespace ovrin {
+
+namespace {
+
+/// Tells the paragraphs of one method apart, by the method's own habits.
+class Method
+{
+public:
+    explicit Method(const QList<TextLine>& lines)
+        : m_lines(lines)
+        , m_fullWidth(RecipeItems::fullWidth(lines))
+    {
+        qsizetype bullets = 0;
+        qsizetype sentences = 0;
+        int expected = 1;
+        for (const TextLine& line : lines) {
+            bullets += LineShape::hasBullet(line.text) ? 1 : 0;
+            sentences += LineShape::endsSentence(line.text) ? 1 : 0;
+            const auto number = LineShape::numbered(line.text);
+            expected += number && number->number == expected ? 1 : 0;
+        }
+        m_isNumbered = expected > 2 || (expected == 2 && LineShape::numbered(lines.first().text));
+        m_isBulleted = bullets >= 2;
+        m_isOneLineEach = lines.size() >= 3 && sentences * 20 >= lines.size() * 17;
+    }
+
+    bool isNumbered() const { return m_isNumbered; }
+    bool isMarked() const { return m_isNumbered || m_isBulleted; }
+
+    /// The number and text of a line that opens step `expected`.
+    std::optional<LineShape::Numbered> opens(qsizetype i, int expected) const
+    {
+        if (!m_isNumbered) {
+            return std::nullopt;
+        }
+        const auto number = LineShape::numbered(m_lines[i].text);
+        // A later part of the method may count from 1 again.
+        const bool restarts = number && number->number == 1 && expected > 1 &&
+                              !LineShape::isBareNumber(m_lines[i].text) && i > 0 &&
+                              LineShape::endsSentence(m_lines[i - 1].text);
+        if (!number || (number->number != expected && !restarts)) {
+            return std::nullopt;
+        }
+        // "2 Eggs go in" behind an unfinished sentence is an amount.
+        if (LineShape::isBareNumber(m_lines[i].text) && i > 0 && !m_lines[i].startsBlock &&
+            !LineShape::endsSentence(m_lines[i - 1].text) && !number->rest.isEmpty() && expected == 1) {
+            return std::nullopt;
+        }
+        return number;
+    }
+
+    bool startsParagraph(qsizetype i) const
+    {
+        const TextLine& line = m_lines[i];
+        const TextLine& previous = m_lines[i - 1];
+        if (LineShape::hasBullet(line.text)) {
+            return m_isBulleted;
+        }
+        const bool ended = LineShape::endsSentence(previous.text);
+        const bool room = RecipeItems::hadRoomFor(line.text, previous.text, m_fullWidth);
+        const bool jumped = line.page != previous.page;
+        const bool apart = line.startsBlock && !jumped && ended;
+        const bool mayBreak = m_isOneLineEach || apart || (room && (ended || line.startsBlock));
+        return RecipeTextParser::startsParagraph(line.text, previous.text, mayBreak);
+    }
+
+    /// A part's name among the steps ("For the sauce"): short, apart, and no sentence.
+    bool isPartHeading(qsizetype i) const
+    {
+        const TextLine& line = m_lines[i];
+        const QString& text = line.text;
+        if (i + 1 == m_lines.size() || text.size() > 50 || LineShape::hasBullet(text) ||
+            (LineShape::numbered(text) && !text.endsWith(u':')) || !text.front().isUpper()) {
+            return false;
+        }
+        const bool afterEnd = i == 0 || LineShape::endsSentence(m_lines[i - 1].text);
+        const bool colon = text.endsWith(u':') && text.count(u' ') < 6;
+        const bool capitals =
+            LineShape::isAllCapitals(text) && !LineShape::isAllCapitals(m_lines[i + 1].text);
+        const bool large = line.relativeHeight >= 1.12 && !LineShape::endsSentence(text);
+        return afterEnd && (colon || capitals || large);
+    }
+
+private:
+    const QList<TextLine>& m_lines;
+    double m_fullWidth;
+    bool m_isNumbered = false;
+    bool m_isBulleted = false;
+    bool m_isOneLineEach = false;
+};
+
+/// Notes that stand among the steps without a heading of their own.
+bool isAside(const QString& text)
+{
+    static const QRegularExpression aside(
+        QStringLiteral(
+            "^(?:notes?|tips?|cook[’']s (?:note|tip)|chef[’']s (?:note|tip)|hinweis|tipp|anmerkung|"
+            "info|remarque|astuce|conseil|nota|consejo|consiglio|dica|uwaga|wskazówka)\\s*:"),
+        QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption);
+    return aside.match(text).hasMatch();
+}
+
+QString withoutColon(QString text)
+{
+    while (text.endsWith(u':')) {
+        text.chop(1);
+    }
+    return text.trimmed();
+}
+
+/// A short first line without a full stop, set apart from the step's text: "Step 1" over "Make the dough".
+bool isStepTitle(const QString& text, const QString& next)
+{
+    return text.size() < 45 && !LineShape::endsSentence(text) && !next.isEmpty() && next.front().isUpper() &&
+           LineShape::isProse(next);
+}
+
+} // namespace
+
+QList<RecipeStep> RecipeItems::steps(const QList<TextLine>& lines)
+{
+    if (lines.isEmpty()) {
+        return {};
+    }
+    const Method method(lines);
+    QList<RecipeStep> steps;
+    std::optional<QString> title;
+    int expected = 1;
+    const auto open = [&](const QString& text) {
+        RecipeStep step;
+        step.title = std::exchange(title, std::nullopt);
+        step.paragraphs = text.isEmpty() ? QStringList() : QStringList{text};
+        steps.append(step);
+    };
+    bool opened = false;
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        const QString text = LineShape::withoutBullet(lines[i].text).trimmed();
+        if (text.isEmpty()) {
+            continue;
+        }
+        if (const auto number = method.opens(i, expected)) {
+            expected = number->number + 1;
+            open(number->rest);
+            opened = true;
+        } else if (method.isPartHeading(i)) {
+            title = withoutColon(text);
+            opened = false;
+        } else if (!opened) {
+            // Text above the first number is an introduction to the method; it is a step of its own.
+            open(text);
+            opened = true;
+        } else if (steps.last().paragraphs.isEmpty()) {
+            steps.last().paragraphs.append(text);
+        } else if (!method.startsParagraph(i)) {
+            QString& last = steps.last().paragraphs.last();
+            last = joined(last, text);
+        } else if (method.isNumbered()) {
+            steps.last().paragraphs.append(text);
+        } else {
+            open(text);
+        }
+    }
+    for (RecipeStep& step : steps) {
+        step.paragraphs.removeIf(isAside);
+        if (!step.title && step.paragraphs.size() > 1 &&
+            isStepTitle(step.paragraphs[0], step.paragraphs[1])) {
+            step.title = step.paragraphs.takeFirst();
+        }
+    }
+    steps.removeIf([](const RecipeStep& step) { return step.paragraphs.isEmpty(); });
+    return steps;
+}
+
+} // namespace ovrin

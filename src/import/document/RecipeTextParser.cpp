@@ -1,0 +1,188 @@
+#include "import/document/RecipeTextParser.h"
+
+#include "import/document/LineShape.h"
+#include "import/document/PageFurniture.h"
+#include "import/document/RecipeFacts.h"
+#include "import/document/RecipeHead.h"
+#include "import/document/RecipeItems.h"
+#include "import/document/RecipeOutline.h"
+#include "import/document/RecipeWords.h"
+
+#include <QtCore/QRegularExpression>
+
+#include <algorithm>
+
+namespace ovrin {
+
+namespace {
+
+constexpr qsizetype longestYield = 60;
+/// How much longer than its heading word a heading may be.
+constexpr qsizetype longestAddition = 13;
+
+QRegularExpression pattern(const QString& text)
+{
+    return QRegularExpression(text, QRegularExpression::UseUnicodePropertiesOption);
+}
+
+QString trimmedOf(QStringView text, QStringView characters)
+{
+    while (!text.isEmpty() && characters.contains(text.front())) {
+        text = text.mid(1);
+    }
+    while (!text.isEmpty() && characters.contains(text.back())) {
+        text.chop(1);
+    }
+    return text.toString();
+}
+
+/// Text recognition reads a zero beside a digit or before a metric unit as the letter o.
+void repairZeros(QList<TextLine>& lines)
+{
+    static const QRegularExpression letter =
+        pattern(QStringLiteral("(?<=\\d)[oO](?=\\d|ml\\b|g\\b|kg\\b|l\\b|cl\\b|\\s?[gG]rams?\\b)"));
+    for (TextLine& line : lines) {
+        line.text.replace(letter, QStringLiteral("0"));
+    }
+}
+
+/// Facts that stand inside a list rather than above it ("Serves 4" under the heading of the ingredients).
+/// Among directions only a label with a colon tells them from the words of a sentence.
+void takeFacts(QList<TextLine>& lines, RecipeDraft& draft, bool onlyLabelled)
+{
+    RecipeFacts facts(draft);
+    QList<TextLine> rest;
+    bool startsBlock = false;
+    for (const TextLine& line : lines) {
+        if (RecipeFacts::isFact(line.text) && (line.text.contains(u':') || !onlyLabelled) &&
+            !LineShape::looksLikeStep(line.text)) {
+            facts.read(line.text);
+            startsBlock = true;
+            continue;
+        }
+        rest.append(line);
+        rest.last().startsBlock = line.startsBlock || std::exchange(startsBlock, false);
+    }
+    lines = rest;
+}
+
+} // namespace
+
+RecipeTextParser::Result RecipeTextParser::parseFirst(const QList<TextLine>& lines)
+{
+    QList<TextLine> text = PageFurniture::removed(lines);
+    repairZeros(text);
+    RecipeOutline parts = outline(text);
+    Result result;
+    result.hasMoreRecipes = parts.hasMoreRecipes;
+    readHead(parts, PageFurniture::siteNames(lines), result.draft);
+    takeFacts(parts.ingredients, result.draft, false);
+    takeFacts(parts.directions, result.draft, true);
+    result.draft.ingredients = RecipeItems::ingredients(parts.ingredients);
+    result.draft.steps = RecipeItems::steps(parts.directions);
+    return result;
+}
+
+RecipeDraft RecipeTextParser::parse(const QList<TextLine>& lines)
+{
+    return parseFirst(lines).draft;
+}
+
+QStringList RecipeTextParser::paragraphs(const QList<TextLine>& lines)
+{
+    QStringList paragraphs;
+    bool ended = true;
+    QString previous;
+    for (const TextLine& line : lines) {
+        const QString text = line.text.trimmed();
+        if (text.isEmpty()) {
+            ended = true;
+            continue;
+        }
+        // Inside a block only a capital or a sign begins a new paragraph; a list's lines thus stay apart.
+        if (ended || startsParagraph(text, previous, line.startsBlock || !text.front().isLower())) {
+            paragraphs.append(text);
+        } else {
+            paragraphs.last() = RecipeItems::joined(paragraphs.last(), text);
+        }
+        previous = text;
+        ended = false;
+    }
+    return paragraphs;
+}
+
+bool RecipeTextParser::isStatusBar(const QString& line)
+{
+    return PageFurniture::isStatusBar(line);
+}
+
+bool RecipeTextParser::metadata(const QString& line, RecipeDraft& draft)
+{
+    static const QRegularExpression yield =
+        pattern(QStringLiteral("(?i)^(?:yield|yields|servings|serves|makes)\\s*:?\\s*(.+)$"));
+    static const QRegularExpression time =
+        pattern(QStringLiteral("(?i)(prep|cook|total|active)\\s*time\\s*:?\\s*([0-9][^,;]*)"));
+    const auto yieldMatch = yield.match(line);
+    if (yieldMatch.hasMatch() && yieldMatch.captured(1).size() < longestYield) {
+        draft.yield = yieldMatch.captured(1);
+        return true;
+    }
+    bool found = false;
+    auto matches = time.globalMatch(line);
+    while (matches.hasNext()) {
+        const auto match = matches.next();
+        const QString label = match.captured(1).toLower();
+        auto& field = label == u"prep"    ? draft.prepMinutes
+                      : label == u"total" ? draft.totalMinutes
+                                          : draft.cookMinutes;
+        field = minutes(match.captured(2));
+        found = true;
+    }
+    return found;
+}
+
+std::optional<qint64> RecipeTextParser::minutes(const QString& text)
+{
+    static const QRegularExpression amount =
+        pattern(QStringLiteral("(?i)(\\d+)\\s*(hours?|hrs?|h|minutes?|mins?|m)\\b"));
+    constexpr qint64 largest = std::numeric_limits<qint64>::max() / 120;
+    qint64 sum = 0;
+    auto matches = amount.globalMatch(text);
+    while (matches.hasNext()) {
+        const auto match = matches.next();
+        // A number that does not fit reads as 0.
+        const qint64 number = match.captured(1).toLongLong();
+        const bool hours = match.captured(2).startsWith(u'h', Qt::CaseInsensitive);
+        sum = std::min(sum + std::min(number, largest) * (hours ? 60 : 1), largest);
+    }
+    return sum < 1 ? std::nullopt : std::optional(sum);
+}
+
+bool RecipeTextParser::startsParagraph(const QString& line, const QString& previous, bool mayBegin)
+{
+    if (!mayBegin) {
+        return false;
+    }
+    const QString text = trimmedOf(line, u" \t");
+    if (!text.isEmpty() && text.front().isLower()) {
+        return false;
+    }
+    if (!previous.isEmpty() && QStringView(u",;(–—-&").contains(previous.back())) {
+        return false;
+    }
+    return !RecipeWords::connectors().contains(previous.section(u' ', -1).toLower());
+}
+
+bool RecipeTextParser::isHeading(const QString& line, const QStringList& words)
+{
+    const QString text = trimmedOf(line, u": ");
+    return std::any_of(words.begin(), words.end(), [&](const QString& word) {
+        if (text == word) {
+            return true;
+        }
+        return text.startsWith(word + u' ') && text.size() < word.size() + longestAddition &&
+               !LineShape::startsWithAmount(text.mid(word.size() + 1));
+    });
+}
+
+} // namespace ovrin

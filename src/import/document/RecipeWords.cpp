@@ -1,0 +1,183 @@
+#include "import/document/RecipeWords.h"
+
+namespace ovrin {
+
+namespace {
+
+/// "a|b c|d" as a list: the tables below stay readable.
+QStringList listed(const char16_t* words)
+{
+    return QString::fromUtf16(words).split(u'|');
+}
+
+QSet<QString> asSet(const QStringList& words)
+{
+    return {words.begin(), words.end()};
+}
+
+} // namespace
+
+const QStringList& RecipeWords::ingredientHeadings()
+{
+    static const QStringList words =
+        listed(u"ingredients|ingredient list|what you’ll need|what you'll need|what you need|you will need|"
+               u"you’ll need|you'll need|shopping list|"
+               u"zutaten|zutatenliste|das brauchst du|das brauchen sie|du brauchst|man nehme|"
+               u"ingrédients|les ingrédients|liste des ingrédients|il vous faut|il faut|"
+               u"ingredientes|los ingredientes|necesitas|vas a necesitar|lista de ingredientes|"
+               u"ingredienti|gli ingredienti|occorrente|lista degli ingredienti|"
+               u"ingrediënten|ingredienten|dit heb je nodig|wat heb je nodig|dit heeft u nodig|"
+               u"você vai precisar|vai precisar de|"
+               u"składniki|lista składników|potrzebne składniki|czego potrzebujesz|"
+               u"ingredienser|det här behöver du|du behöver|du skal bruge|det skal du bruge");
+    return words;
+}
+
+const QStringList& RecipeWords::directionHeadings()
+{
+    static const QStringList words = listed(
+        u"directions|instructions|method|preparation|steps|procedure|how to make it|how to make|what to do|"
+        u"cooking instructions|cooking directions|preparation method|how to prepare|cooking method|"
+        u"the method|let’s cook|let's cook|making it|to make|how to cook|preparation steps|"
+        u"zubereitung|anleitung|so geht’s|so geht's|so geht es|so wird’s gemacht|so wird's gemacht|"
+        u"zubereitungsschritte|arbeitsschritte|vorgehen|schritte|"
+        u"préparation|la préparation|étapes|les étapes|étapes de préparation|réalisation|méthode|"
+        u"préparation de la recette|"
+        u"preparación|la preparación|elaboración|instrucciones|pasos|modo de preparación|"
+        u"cómo se hace|cómo hacerlo|"
+        u"preparazione|la preparazione|procedimento|il procedimento|istruzioni|come si prepara|esecuzione|"
+        u"bereiding|bereidingswijze|werkwijze|instructies|stappen|zo maak je het|aan de slag|"
+        u"modo de preparo|modo de fazer|modo de preparação|preparação|preparo|instruções|como fazer|passos|"
+        u"przygotowanie|sposób przygotowania|wykonanie|sposób wykonania|instrukcje|jak zrobić|kroki|"
+        u"gör så här|så här gör du|så gör du|instruktioner|tillagning|tillvägagångssätt|"
+        u"fremgangsmåde|sådan gør du|tilberedning|sådan laver du det");
+    return words;
+}
+
+const QStringList& RecipeWords::otherHeadings()
+{
+    static const QStringList words = listed(
+        u"notes|note|recipe notes|cook’s notes|cook's notes|cook’s note|cook's note|tips|tip|recipe tips|"
+        u"chef’s tips|chef's tips|chef’s tip|chef's tip|top tips|top tip|pro tips|tips and tricks|hints|"
+        u"nutrition|nutrition facts|nutritional information|nutrition information|nutritional facts|"
+        u"nutrition per serving|per serving|nutritional values|nutrition (per serving)|"
+        u"equipment|tools|special equipment|equipment needed|you might also like|you may also like|"
+        u"related recipes|more recipes|similar recipes|recommended|reviews|comments|leave a comment|"
+        u"leave a reply|ratings|about the author|did you make this recipe|did you make this|storage|"
+        u"make ahead|make-ahead|variations|variation|substitutions|serving suggestions|serving suggestion|"
+        u"to store|faq|faqs|video|tags|keywords|filed under|share this|sources|subscribe|newsletter|"
+        u"popular recipes|trending|latest recipes|follow us|"
+        u"notizen|hinweise|hinweis|anmerkungen|anmerkung|tipp|tipps|nährwerte|nährwertangaben|"
+        u"nährwerte pro portion|das könnte dir auch gefallen|das könnte ihnen auch schmecken|kommentare|"
+        u"utensilien|küchengeräte|weitere rezepte|"
+        u"remarques|astuces|astuce|conseils|conseil|valeurs nutritionnelles|commentaires|matériel|ustensiles|"
+        u"vous aimerez aussi|"
+        u"notas|nota|consejos|consejo|trucos|información nutricional|valores nutricionales|comentarios|"
+        u"utensilios|también te puede gustar|"
+        u"consigli|consiglio|valori nutrizionali|commenti|conservazione|attrezzatura|varianti|ti potrebbe "
+        u"piacere|"
+        u"notities|voedingswaarden|voedingswaarde|reacties|keukengerei|dit vind je misschien ook lekker|"
+        u"dicas|dica|informação nutricional|informações nutricionais|comentários|utensílios|"
+        u"você também pode gostar|"
+        u"uwagi|wskazówki|wskazówka|porady|wartości odżywcze|komentarze|notatki|sprzęt|"
+        u"noteringar|anteckningar|näringsvärde|näringsinnehåll|kommentarer|utrustning|"
+        u"noter|næringsindhold|udstyr|du vil måske også kunne lide");
+    return words;
+}
+
+const QSet<QString>& RecipeWords::noise()
+{
+    static const QSet<QString> words = asSet(listed(
+        u"cook|save|saved|share|scale|print|jump to recipe|read the story|start cooking|mark as cooked|"
+        u"add notes|customize units|add to grocery list in reminders|add to grocery list|"
+        u"recipe units are from the publisher.|save recipe|rate|review|reviews|comments|advertisement|"
+        u"ready to cook?|jump to|pin|email|more"));
+    return words;
+}
+
+const QSet<QString>& RecipeWords::connectors()
+{
+    static const QSet<QString> words =
+        asSet(listed(u"and|or|but|the|a|an|of|to|in|into|with|for|over|until|then|on|at|by|from|about"));
+    return words;
+}
+
+const QSet<QString>& RecipeWords::cookingVerbs()
+{
+    static const QSet<QString> words = asSet(listed(
+        u"add|adjust|allow|arrange|assemble|bake|baste|beat|blend|boil|braise|bring|brown|brush|chill|chop|"
+        u"coat|combine|cook|cool|cover|cream|crush|cut|deglaze|dice|discard|divide|drain|dredge|drizzle|drop|"
+        u"dust|fill|finish|flip|fold|fry|garnish|gently|grate|grease|grill|grind|heat|in|increase|knead|"
+        u"ladle|lay|leave|let|lightly|line|lower|make|marinate|mash|measure|meanwhile|melt|mince|mix|move|"
+        u"once|parboil|pat|peel|place|poach|pour|preheat|prepare|press|pull|punch|put|quickly|reduce|"
+        u"refrigerate|remove|repeat|rest|return|rinse|roast|roll|rub|saute|sauté|scatter|scoop|score|scrape|"
+        u"sear|season|separate|serve|set|shake|shape|shred|sift|simmer|skim|slice|slowly|soak|soften|spoon|"
+        u"spread|sprinkle|squeeze|steam|steep|stir|store|strain|stuff|sweat|take|taste|thicken|thread|tip|"
+        u"toast|top|toss|transfer|trim|turn|use|using|warm|wash|when|whip|whisk|wrap|"
+        u"backen|braten|den|die|das|dann|zuerst|backofen|ofen|alle|alles|"
+        u"préchauffer|préchauffez|faire|faites|mélanger|mélangez|ajouter|ajoutez|couper|coupez|verser|versez|"
+        u"dans|laisser|laissez|cuire|éplucher|épluchez|laver|lavez|servir|servez|"
+        u"precalentar|precalienta|mezclar|mezcla|añadir|añade|cortar|corta|calentar|calienta|pelar|pela|"
+        u"hervir|cocer|cocinar|cocina|servir|sirve|poner|pon|batir|bate|lavar|"
+        u"preriscaldare|mescolare|aggiungere|aggiungete|tagliare|tagliate|cuocere|fate|lessare|versare|"
+        u"servire|servite|unire|unite|mettete|mettere|scaldate|scaldare|"
+        u"verwarm|meng|voeg|snijd|snij|bak|kook|doe|roer|serveer|schil|laat|giet|verhit|"
+        u"preaqueça|misture|adicione|corte|asse|cozinhe|coloque|bata|leve|sirva|aqueça|deixe|"
+        u"rozgrzej|wymieszaj|dodaj|pokrój|gotuj|piecz|wlej|podawaj|obierz|smaż|ugotuj|"
+        u"värm|blanda|tillsätt|skär|koka|stek|häll|servera|rör|skala|hacka|sätt|"
+        u"forvarm|tænd|bland|tilsæt|kog|steg|hæld|server|skræl|hak|pisk|kom"));
+    return words;
+}
+
+const QSet<QString>& RecipeWords::units()
+{
+    static const QSet<QString> words = asSet(listed(
+        u"cup|cups|c|tablespoon|tablespoons|tbsp|tbsps|tbs|tb|teaspoon|teaspoons|tsp|tsps|ounce|ounces|oz|"
+        u"pound|pounds|lb|lbs|g|gr|gram|grams|gramm|kg|kilo|kilos|mg|ml|cl|dl|l|liter|liters|litre|litres|"
+        u"quart|quarts|qt|pint|pints|pt|gallon|gallons|clove|cloves|can|cans|tin|tins|jar|jars|package|"
+        u"packages|pkg|packet|packets|pack|bunch|bunches|sprig|sprigs|stalk|stalks|stick|sticks|slice|slices|"
+        u"piece|pieces|head|heads|pinch|pinches|dash|dashes|handful|handfuls|knob|bag|bags|box|bottle|large|"
+        u"medium|small|inch|fl|"
+        u"el|tl|esslöffel|teelöffel|prise|prisen|bund|dose|dosen|zehe|zehen|päckchen|pck|pkt|stück|stk|"
+        u"becher|"
+        u"msp|tasse|tassen|scheibe|scheiben|glas|"
+        u"cuillère|cuillères|cuil|càs|càc|cs|cc|gousse|gousses|pincée|pincées|sachet|sachets|verre|verres|"
+        u"tranche|tranches|botte|brin|brins|boîte|"
+        u"cucharada|cucharadas|cucharadita|cucharaditas|cda|cdas|cdta|cdtas|taza|tazas|diente|dientes|pizca|"
+        u"lata|latas|vaso|gramos|"
+        u"cucchiaio|cucchiai|cucchiaino|cucchiaini|spicchio|spicchi|pizzico|grammi|bicchiere|fetta|fette|"
+        u"eetlepel|eetlepels|theelepel|theelepels|teen|teentjes|teentje|snufje|blik|gram|bosje|"
+        u"colher|colheres|xícara|xícaras|dente|dentes|pitada|copo|lata|"
+        u"łyżka|łyżki|łyżek|łyżeczka|łyżeczki|szklanka|szklanki|szczypta|ząbek|ząbki|dag|sztuka|sztuki|szt|"
+        u"msk|tsk|krm|klyfta|klyftor|nypa|burk|paket|förp|st|"
+        u"spsk|fed|knivspids|dåse|dåser|bdt|stk"));
+    return words;
+}
+
+const QSet<QString>& RecipeWords::amountWords()
+{
+    static const QSet<QString> words = asSet(
+        listed(u"a|an|one|two|three|four|five|six|half|some|few|several|pinch|dash|handful|juice|zest|splash|"
+               u"drizzle|knob|sprig|bunch|couple|dozen|about|approx|approximately|ca|"
+               u"eine|ein|einen|etwas|eins|zwei|drei|vier|halbe|prise|einige|"
+               u"un|une|deux|trois|quatre|quelques|du|de|des|pincée|"
+               u"una|uno|dos|tres|cuatro|medio|media|pizca|unas|unos|"
+               u"due|tre|quattro|mezzo|mezza|pizzico|qualche|"
+               u"een|twee|drie|half|halve|snufje|wat|"
+               u"um|uma|dois|duas|meia|meio|pitada|"
+               u"jeden|jedna|dwa|dwie|trzy|pół|szczypta|garść|"
+               u"en|ett|två|tre|fyra|halv|nypa|lite|et|to|fire|lidt|en"));
+    return words;
+}
+
+const QStringList& RecipeWords::groupOpenings()
+{
+    static const QStringList words = listed(
+        u"for the |for |to serve|to finish|to garnish|für den |für die |für das |für |zum |zur |"
+        u"pour la |pour le |pour les |pour l’|pour l'|pour |para la |para el |para los |para las |para o |"
+        u"para a |para |per la |per il |per lo |per le |per i |per |voor de |voor het |voor |do |na |"
+        u"till |för |til |garnish|topping|dressing|sauce|marinade|filling|dough|crust|glaze|frosting");
+    return words;
+}
+
+} // namespace ovrin

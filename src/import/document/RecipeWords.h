@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QtCore/QSet>
+#include <QtCore/QStringList>
+
+namespace ovrin {
+
+/// The words by which the plain-text parser knows its way around a page, all in lower case. Headings are in
+/// English, German, French, Spanish, Italian, Dutch, Portuguese, Polish, Swedish and Danish.
+namespace RecipeWords {
+
+const QStringList& ingredientHeadings();
+const QStringList& directionHeadings();
+/// What follows or stands between and is no part of the recipe: notes, nutrition, equipment, comments.
+const QStringList& otherHeadings();
+
+/// Button and label texts of recipe applications and sites.
+const QSet<QString>& noise();
+/// Words after which a sentence cannot have ended.
+const QSet<QString>& connectors();
+/// Words with which a direction begins.
+const QSet<QString>& cookingVerbs();
+/// Units and vessels that follow an amount.
+const QSet<QString>& units();
+/// Amounts written as a word.
+const QSet<QString>& amountWords();
+/// First words of the heading of a group of ingredients ("For the sauce").
+const QStringList& groupOpenings();
+
+} // namespace RecipeWords
+
+} // namespace ovrin

@@ -1,0 +1,212 @@
+#include "import/document/RecipeTextParser.h"
+
+using namespace ovrin;
+using testing::ElementsAre;
+
+namespace {
+
+/// Lines as they come from a page: "# " in front of a line sets it in title type, an empty line is a gap.
+QList<TextLine> page(const char* utf8)
+{
+    QList<TextLine> lines;
+    for (TextLine line : TextLines::fromPlainText(QString::fromUtf8(utf8).trimmed())) {
+        if (line.text.startsWith(u"# ")) {
+            line.text = line.text.mid(2);
+            line.relativeHeight = 2;
+        }
+        if (!line.text.isEmpty()) {
+            lines.append(line);
+        }
+    }
+    return lines;
+}
+
+std::vector<std::string> texts(const QStringList& list)
+{
+    std::vector<std::string> texts;
+    for (const QString& text : list) {
+        texts.push_back(text.toStdString());
+    }
+    return texts;
+}
+
+std::vector<std::string> stepTexts(const RecipeDraft& draft)
+{
+    std::vector<std::string> texts;
+    for (const RecipeStep& step : draft.steps) {
+        texts.push_back(step.paragraphs.join(u" / ").toStdString());
+    }
+    return texts;
+}
+
+} // namespace
+
+TEST(RecipeTextParser, ReadsAPageWithHeadingsAndWrappedLines)
+{
+    const auto draft = RecipeTextParser::parse(page(R"(
+9:41
+# Lentil Soup with
+# Lemon
+By Marian Holt
+Save   Print   Share
+Serves 4
+A bowl of comfort that asks for little more than the larder holds.
+
+INGREDIENTS
+2 tablespoons olive oil
+1 lemon, half of it juiced and the other half cut into
+wedges for serving
+Salt
+
+METHOD
+1. Warm the oil in a pot over medium-
+high heat.
+2. Add everything and simmer for
+20 minutes.
+12
+)"));
+    EXPECT_EQ(draft.title, u"Lentil Soup with Lemon");
+    EXPECT_EQ(draft.author, u"Marian Holt");
+    EXPECT_EQ(draft.yield, u"4");
+    EXPECT_EQ(draft.summary, u"A bowl of comfort that asks for little more than the larder holds.");
+    EXPECT_THAT(texts(draft.ingredients),
+                ElementsAre("2 tablespoons olive oil",
+                            "1 lemon, half of it juiced and the other half cut into wedges for serving",
+                            "Salt"));
+    EXPECT_THAT(stepTexts(draft), ElementsAre("Warm the oil in a pot over medium-high heat.",
+                                              "Add everything and simmer for 20 minutes."));
+}
+
+TEST(RecipeTextParser, FindsTheListsWithoutHeadings)
+{
+    const auto draft = RecipeTextParser::parse(page(R"(
+# Apple Cake
+A cake for the afternoon, and for the morning after
+it as well.
+
+250 g butter
+200 g sugar
+4 eggs
+Salt
+Heat the oven to 180 degrees and line a tin with paper before you begin
+with the batter.
+
+Beat butter and sugar, add the eggs and bake for 40 minutes.
+)"));
+    EXPECT_THAT(texts(draft.ingredients), ElementsAre("250 g butter", "200 g sugar", "4 eggs", "Salt"));
+    EXPECT_THAT(
+        stepTexts(draft),
+        ElementsAre(
+            "Heat the oven to 180 degrees and line a tin with paper before you begin with the batter.",
+            "Beat butter and sugar, add the eggs and bake for 40 minutes."));
+}
+
+TEST(RecipeTextParser, KeepsGroupsOfIngredientsAndDropsNotesAndFurniture)
+{
+    const auto draft = RecipeTextParser::parse(page(R"(
+# The Copper Ladle
+Home   Recipes   About
+# Fish Pie
+★★★★☆ 4.8 (120 reviews)
+Ingredients
+For the filling
+• 1 lb fish
+• 1o0 ml milk
+TOPPING
+• 2 lb potatoes,
+peeled
+Directions
+Step 1
+Poach the fish.
+Step 2
+Mash the potatoes.
+Notes
+Freezes well.
+Nutrition
+412 kcal
+https://www.thecopperladle.example/fish-pie
+)"));
+    EXPECT_EQ(draft.title, u"Fish Pie");
+    EXPECT_EQ(draft.publisher, u"The Copper Ladle");
+    EXPECT_THAT(texts(draft.ingredients), ElementsAre("For the filling:", "1 lb fish", "100 ml milk",
+                                                      "TOPPING:", "2 lb potatoes, peeled"));
+    EXPECT_THAT(stepTexts(draft), ElementsAre("Poach the fish.", "Mash the potatoes."));
+}
+
+TEST(RecipeTextParser, ReadsBarePlainAndNumberedSteps)
+{
+    const auto steps = [](const char* method) {
+        const auto head = std::string("# Tea\nIngredients\n1 cup water\n1 tsp tea\nMethod\n");
+        return stepTexts(RecipeTextParser::parse(page((head + method).c_str())));
+    };
+    EXPECT_THAT(steps("1  Boil the water\nslowly.\n2  Add the tea."),
+                ElementsAre("Boil the water slowly.", "Add the tea."));
+    EXPECT_THAT(steps("- Boil the water.\n- Add the\ntea."), ElementsAre("Boil the water.", "Add the tea."));
+    EXPECT_THAT(steps("Boil the water.\nAdd the tea.\nServe it hot."),
+                ElementsAre("Boil the water.", "Add the tea.", "Serve it hot."));
+    EXPECT_THAT(steps("1. Boil the water.\nFor the infusion:\n1. Add the tea.\n2. Wait."),
+                ElementsAre("Boil the water.", "Add the tea.", "Wait."));
+}
+
+TEST(RecipeTextParser, TakesTheFirstOfSeveralRecipes)
+{
+    const auto result = RecipeTextParser::parseFirst(page(R"(
+# Green Sauce
+
+Ingredients
+1 bunch parsley
+2 eggs
+Method
+Chop the parsley and mix it with the eggs.
+
+# Red Sauce
+
+Ingredients
+4 tomatoes
+1 onion
+Method
+Cook it down.
+)"));
+    EXPECT_TRUE(result.hasMoreRecipes);
+    EXPECT_EQ(result.draft.title, u"Green Sauce");
+    EXPECT_THAT(texts(result.draft.ingredients), ElementsAre("1 bunch parsley", "2 eggs"));
+    EXPECT_THAT(stepTexts(result.draft), ElementsAre("Chop the parsley and mix it with the eggs."));
+}
+
+TEST(RecipeTextParser, KnowsHeadingsInItsLanguages)
+{
+    const std::pair<const char*, const char*> headings[] = {
+        {"Zutaten", "Zubereitung"},        {"Ingrédients", "Préparation"},
+        {"Ingredientes", "Elaboración"},   {"Ingredienti", "Procedimento"},
+        {"Ingrediënten", "Bereiding"},     {"Ingredientes", "Modo de preparo"},
+        {"Składniki", "Przygotowanie"},    {"Ingredienser", "Gör så här"},
+        {"Ingredienser", "Fremgangsmåde"}, {"I N G R E D I E N T S", "M E T H O D"},
+    };
+    for (const auto& [list, method] : headings) {
+        const auto draft = RecipeTextParser::parse(
+            page((std::string("# X\n") + list + ":\nabc\ndef\n" + method + "\nGhi jkl.").c_str()));
+        EXPECT_THAT(texts(draft.ingredients), ElementsAre("abc", "def")) << list;
+        EXPECT_THAT(stepTexts(draft), ElementsAre("Ghi jkl.")) << method;
+    }
+}
+
+TEST(RecipeTextParser, LeavesOutWhatItCannotPlace)
+{
+    EXPECT_EQ(RecipeTextParser::parse({}), RecipeDraft());
+    const auto draft = RecipeTextParser::parse(page("Invoice\nTotal due\nThank you"));
+    EXPECT_TRUE(draft.ingredients.isEmpty());
+    EXPECT_TRUE(draft.steps.isEmpty());
+}
+
+TEST(RecipeTextParser, IsNotPutOffByHeadsThatRecurFromPageToPage)
+{
+    QList<TextLine> lines =
+        page("Main Courses\n# Stew\nIngredients\n1 kg beef\n2 onions\nMethod\nBrown the beef in");
+    for (TextLine line : page("Main Courses\na large pot.\n7")) {
+        line.page = 1;
+        lines.append(line);
+    }
+    const auto draft = RecipeTextParser::parse(lines);
+    EXPECT_EQ(draft.title, u"Stew");
+    EXPECT_THAT(stepTexts(draft), ElementsAre("Brown the beef in a large pot."));
+}
