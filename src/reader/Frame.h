@@ -15,6 +15,8 @@ enum class MessageKind : quint16 {
     No = 0,
     /// Request: the bytes of a picture. Answer: see `PhotoMessage.h`.
     Photo = 1,
+    /// Request: the bytes of a PDF. Answer: see `DocumentMessage.h`.
+    Document = 2,
 };
 
 struct Frame

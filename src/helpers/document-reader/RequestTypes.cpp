@@ -1,5 +1,6 @@
 #include "helpers/document-reader/RequestTypes.h"
 
+#include "reader/DocumentMessage.h"
 #include "reader/PhotoMessage.h"
 
 #include <algorithm>
@@ -20,8 +21,15 @@ std::string photoModule(const QByteArray& body)
 }
 
 // A request is registered here: its kind (Frame.h), its bounds, its module (CMakeLists.txt beside this file).
+std::string documentModule(const QByteArray& /*body*/)
+{
+    return "document";
+}
+
 constexpr std::array types{
     RequestType{reader::MessageKind::Photo, reader::maximumPhotoBytes, 1536 * mebibyte, 25s, photoModule},
+    RequestType{reader::MessageKind::Document, reader::maximumDocumentBytes, 512 * mebibyte, 20s,
+                documentModule},
 };
 
 } // namespace

@@ -1,0 +1,172 @@
+#include "helpers/document-reader/document/LineAssembly.h"
+
+#include <QtCore/QRegularExpression>
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+namespace ovrin::documentreader {
+
+namespace {
+
+/// Blank spaces, in heights of the line: one that still lies within a line, and the widest between a cell and
+/// its text.
+constexpr double wideSpace = 0.9;
+constexpr double cellSpace = 9;
+/// How far apart, in heights, the left edges of one column's texts may lie.
+constexpr double alignment = 0.25;
+
+bool onOneLine(const QRectF& a, const QRectF& b)
+{
+    const double overlap = std::min(a.bottom(), b.bottom()) - std::max(a.top(), b.top());
+    return overlap > 0.6 * std::min(a.height(), b.height());
+}
+
+/// "1", "2.", "•", "200 g", "1 1/2 cups", "½": what stands in front of a text.
+bool isLeadingCell(const QString& text)
+{
+    static const QRegularExpression cell(
+        QStringLiteral("^(?:[•·▢☐□○●▪*–-]|(?:step )?\\d{1,2}[.):]?|"
+                       "[\\d½¼¾⅓⅔⅛⅜⅝⅞][\\d\\s./,–-]*[½¼¾⅓⅔⅛⅜⅝⅞]?\\s*\\p{L}{0,12}\\.?)$"),
+        QRegularExpression::UseUnicodePropertiesOption | QRegularExpression::CaseInsensitiveOption);
+    return text.size() <= 18 && cell.match(text).hasMatch();
+}
+
+bool startsWithNumberOrMark(const QString& text)
+{
+    static const QRegularExpression start(QStringLiteral("^[\\d½¼¾⅓⅔⅛⅜⅝⅞•▢☐]"),
+                                          QRegularExpression::UseUnicodePropertiesOption);
+    return start.match(text).hasMatch();
+}
+
+void append(Run& line, const Run& more)
+{
+    line.text += u' ' + more.text;
+    const double top = line.box.top();
+    const double bottom = line.box.bottom();
+    line.box |= more.box;
+    // A taller cell (a large step number) does not make the line's type larger.
+    if (more.text.size() > line.text.size() - more.text.size()) {
+        line.box.setTop(more.box.top());
+        line.box.setBottom(more.box.bottom());
+    } else {
+        line.box.setTop(top);
+        line.box.setBottom(bottom);
+    }
+}
+
+/// For each run the nearest one to its right on the same line.
+QList<qsizetype> rightNeighbours(const QList<Run>& runs)
+{
+    QList<qsizetype> order(runs.size());
+    for (qsizetype i = 0; i < order.size(); ++i) {
+        order[i] = i;
+    }
+    std::sort(order.begin(), order.end(),
+              [&](qsizetype a, qsizetype b) { return runs[a].box.top() < runs[b].box.top(); });
+    double tallest = 0;
+    for (const Run& run : runs) {
+        tallest = std::max(tallest, run.box.height());
+    }
+    QList<qsizetype> neighbours(runs.size(), -1);
+    for (qsizetype i = 0; i < order.size(); ++i) {
+        for (qsizetype j = i + 1; j < order.size(); ++j) {
+            const Run& a = runs[order[i]];
+            const Run& b = runs[order[j]];
+            if (b.box.top() > a.box.top() + tallest) {
+                break;
+            }
+            if (!onOneLine(a.box, b.box)) {
+                continue;
+            }
+            const bool aIsLeft = a.box.left() <= b.box.left();
+            const qsizetype left = aIsLeft ? order[i] : order[j];
+            const qsizetype right = aIsLeft ? order[j] : order[i];
+            qsizetype& nearest = neighbours[left];
+            if (nearest < 0 || runs[right].box.left() < runs[nearest].box.left()) {
+                nearest = right;
+            }
+        }
+    }
+    return neighbours;
+}
+
+/// Whether the text at `right` belongs to a column of texts that have cells in front of them: among the texts
+/// that begin below and above it, most have a leading cell to their left and few begin with a number.
+bool belongsToCells(qsizetype right, const QList<Run>& runs, const QList<qsizetype>& neighbours)
+{
+    qsizetype cells = 0;
+    qsizetype others = 0;
+    qsizetype numbered = 0;
+    for (qsizetype left = 0; left < runs.size(); ++left) {
+        const qsizetype text = neighbours[left];
+        if (text < 0 ||
+            std::abs(runs[text].box.left() - runs[right].box.left()) > alignment * runs[right].box.height()) {
+            continue;
+        }
+        (isLeadingCell(runs[left].text) ? cells : others) += 1;
+        numbered += startsWithNumberOrMark(runs[text].text) ? 1 : 0;
+    }
+    return cells > others && numbered * 3 <= cells;
+}
+
+} // namespace
+
+QList<Run> assembledLines(QList<Run> runs)
+{
+    const QList<qsizetype> neighbours = rightNeighbours(runs);
+    QList<bool> joins(runs.size(), false);
+    for (qsizetype left = 0; left < runs.size(); ++left) {
+        const qsizetype right = neighbours[left];
+        if (right < 0) {
+            continue;
+        }
+        const double height = std::min(runs[left].box.height(), runs[right].box.height());
+        const double gap = runs[right].box.left() - runs[left].box.right();
+        joins[left] =
+            gap < wideSpace * height || (gap < cellSpace * height && isLeadingCell(runs[left].text) &&
+                                         belongsToCells(right, runs, neighbours));
+    }
+    QList<bool> taken(runs.size(), false);
+    QList<bool> isTail(runs.size(), false);
+    for (qsizetype left = 0; left < runs.size(); ++left) {
+        // Of two runs that claim the same neighbour, the first one has it.
+        if (joins[left] && !isTail[neighbours[left]] && neighbours[left] != left) {
+            isTail[neighbours[left]] = true;
+        } else {
+            joins[left] = false;
+        }
+    }
+    QList<Run> lines;
+    for (qsizetype first = 0; first < runs.size(); ++first) {
+        if (isTail[first] || taken[first]) {
+            continue;
+        }
+        Run line = runs[first];
+        taken[first] = true;
+        for (qsizetype i = first; joins[i] && !taken[neighbours[i]]; i = neighbours[i]) {
+            append(line, runs[neighbours[i]]);
+            taken[neighbours[i]] = true;
+        }
+        lines.append(line);
+    }
+    return lines;
+}
+
+QString withoutLigatures(const QString& text)
+{
+    static constexpr std::array letters{u"ff", u"fi", u"fl", u"ffi", u"ffl", u"st", u"st"};
+    QString result;
+    result.reserve(text.size());
+    for (const QChar c : text) {
+        if (c.unicode() >= 0xFB00 && c.unicode() <= 0xFB06) {
+            result += QStringView(letters.at(c.unicode() - 0xFB00));
+        } else {
+            result += c;
+        }
+    }
+    return result;
+}
+
+} // namespace ovrin::documentreader

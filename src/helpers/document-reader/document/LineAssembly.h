@@ -1,0 +1,21 @@
+#pragma once
+
+#include "reader/DocumentMessage.h"
+
+namespace ovrin::documentreader {
+
+/// A run of words that the text layer itself keeps together. Lengths are in points.
+struct Run
+{
+    QString text;
+    QRectF box;
+};
+
+/// Puts together the runs that a person reads as one line: words that only a wide space parts, and a short
+/// cell of its own in front of a text (a step's number, an amount, a bullet). Columns stay apart.
+QList<Run> assembledLines(QList<Run> runs);
+
+/// Takes apart the ligatures U+FB00 to U+FB06 and changes nothing else.
+QString withoutLigatures(const QString& text);
+
+} // namespace ovrin::documentreader
