@@ -94,7 +94,12 @@ JsonWriter& JsonWriter::null()
 
 QByteArray JsonWriter::bytes() const
 {
-    return {m_output->buffer.GetString(), qsizetype(m_output->buffer.GetSize())};
+    QByteArray written(m_output->buffer.GetString(), qsizetype(m_output->buffer.GetSize()));
+    // Only a string can hold these, and to many readers of "one value a line" each of them ends a line.
+    written.replace("\xC2\x85", "\\u0085")
+        .replace("\xE2\x80\xA8", "\\u2028")
+        .replace("\xE2\x80\xA9", "\\u2029");
+    return written;
 }
 
 } // namespace ovrin

@@ -33,7 +33,7 @@ public:
     JsonWriter& boolean(bool value);
     JsonWriter& null();
 
-    /// What was written so far.
+    /// What was written so far: one line, whatever counts as the end of one.
     QByteArray bytes() const;
 
 private:

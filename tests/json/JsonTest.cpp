@@ -196,5 +196,14 @@ TEST(JsonWriter, WritesCompactJsonThatReadsBack)
     EXPECT_TRUE(parse(writer.bytes().toStdString()));
 }
 
+TEST(JsonWriter, WritesOneLine)
+{
+    const QString text = QStringLiteral("a\nb\rc\u0085d\u2028e\u2029f");
+    JsonWriter writer;
+    writer.string(text);
+    EXPECT_EQ(writer.bytes(), "\"a\\nb\\rc\\u0085d\\u2028e\\u2029f\"");
+    EXPECT_EQ(parse(writer.bytes().toStdString())->root().string(), text);
+}
+
 } // namespace
 } // namespace ovrin
