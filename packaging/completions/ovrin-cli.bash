@@ -15,7 +15,7 @@ _ovrin_cli() {
         esac
     done
     case $verb in
-        '') COMPREPLY=($(compgen -W 'draft scale value segments clean minutes library --store --help --version' -- "$word")) ;;
+        '') COMPREPLY=($(compgen -W 'draft scale value segments parse clean minutes library --store --help --version' -- "$word")) ;;
         draft) COMPREPLY=($(compgen -W '--batch --static --no-photo --page-url --help' -- "$word") $(compgen -f -- "$word")) ;;
         segments | 'library add' | 'library import'*) COMPREPLY=($(compgen -f -- "$word")) ;;
         library) COMPREPLY=($(compgen -W "$library" -- "$word")) ;;

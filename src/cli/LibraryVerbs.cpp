@@ -3,6 +3,7 @@
 #include "cli/DraftFile.h"
 #include "cli/RecipeJson.h"
 #include "cli/Sources.h"
+#include "imaging/ImageProcessing.h"
 #include "model/LibraryFilter.h"
 #include "model/RecipeStore.h"
 #include "reminders/TaskCalendar.h"
@@ -15,7 +16,7 @@ namespace ovrin::cli {
 
 namespace {
 
-std::unique_ptr<RecipeStore> openStore(const Arguments& arguments, const Console& console)
+RecipeStore::Opened open(const Arguments& arguments, const Console& console)
 {
     const QString own =
         QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/ovrin");
@@ -26,6 +27,12 @@ std::unique_ptr<RecipeStore> openStore(const Arguments& arguments, const Console
     auto opened = RecipeStore::open(std::move(options));
     if (!opened.store)
         throw Failure(QStringLiteral("Couldn't open the recipe library: %1").arg(opened.error));
+    return opened;
+}
+
+std::unique_ptr<RecipeStore> openStore(const Arguments& arguments, const Console& console)
+{
+    auto opened = open(arguments, console);
     if (!opened.notice.isEmpty())
         console.complain(opened.notice);
     return std::move(opened.store);
@@ -163,6 +170,20 @@ int remove(const Arguments& arguments, const Console& console)
     return Done;
 }
 
+int check(const Arguments& arguments, const Console& console)
+{
+    const auto opened = open(arguments, console);
+    QStringList wrong = opened.store->check([](const QByteArray& photo) {
+        return ImageProcessing::decoded(photo, ImageProcessing::maximumPhotoSide).has_value();
+    });
+    // What was damaged has been set right by opening the library, but it was wrong.
+    if (!opened.notice.isEmpty())
+        wrong.prepend(opened.notice);
+    for (const QString& problem : wrong)
+        console.print(problem);
+    return wrong.isEmpty() ? Done : Failed;
+}
+
 int groceries(const Arguments& arguments, const Console& console)
 {
     const auto store = openStore(arguments, console);
@@ -221,6 +242,12 @@ QList<Verb> libraryVerbs()
          {store},
          1,
          remove},
+        {QStringLiteral("library check"),
+         QStringLiteral("library check"),
+         QStringLiteral("Verifies the whole library; lists what is wrong, one line each."),
+         {store},
+         0,
+         check},
         {QStringLiteral("library groceries"),
          QStringLiteral("library groceries ID"),
          QStringLiteral("Prints the ingredients as an iCalendar task list."),

@@ -1,6 +1,7 @@
 #include "cli/TextVerbs.h"
 
 #include "cli/DraftFile.h"
+#include "import/document/RecipeTextParser.h"
 #include "text/DirectionTokenizer.h"
 #include "text/Duration.h"
 #include "text/HTMLText.h"
@@ -83,6 +84,17 @@ QJsonObject toJson(const DirectionSegment& segment)
     return object;
 }
 
+/// Plain lines, or the JSON that `lines` prints.
+int parse(const Arguments&, const Console& console)
+{
+    const QByteArray input = readFile(QStringLiteral("-"), console, 64 << 20);
+    const bool isJson = input.trimmed().startsWith('[');
+    const auto lines = isJson ? TextLines::fromJson(input) : std::nullopt;
+    console.print(RecipeTextParser::parse(lines ? *lines : TextLines::fromPlainText(QString::fromUtf8(input)))
+                      .toJson());
+    return Done;
+}
+
 int segments(const Arguments& arguments, const Console& console)
 {
     const RecipeDraft draft = readDraft(arguments.required(0, QStringLiteral("DRAFT.json")), console);
@@ -117,6 +129,13 @@ QList<Verb> textVerbs()
          {},
          0,
          value},
+        {QStringLiteral("parse"),
+         QStringLiteral("parse"),
+         QStringLiteral("Lays the lines of standard input out as a recipe by rule and prints the draft.\n"
+                        "Reads plain text, or the JSON that “lines” prints."),
+         {},
+         0,
+         parse},
         {QStringLiteral("segments"),
          QStringLiteral("segments DRAFT.json"),
          QStringLiteral("Cuts the draft's directions into plain text, ingredient mentions and timers,\n"

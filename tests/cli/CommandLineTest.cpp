@@ -147,6 +147,9 @@ TEST_F(CommandLineTest, KeepsALibraryFromAddingToRemoving)
             .out;
     EXPECT_TRUE(tasks.contains(QStringLiteral("SUMMARY:4 onions\\, sliced\r\n"))) << tasks.toStdString();
 
+    const Answer sound = run({QStringLiteral("library"), QStringLiteral("check")});
+    EXPECT_EQ(sound.status, 0) << sound.out.toStdString();
+    EXPECT_EQ(sound.out, QString());
     EXPECT_EQ(run({QStringLiteral("library"), QStringLiteral("remove"), id}).status, 0);
     EXPECT_EQ(run({QStringLiteral("library"), QStringLiteral("list")}).out, QString());
     const Answer gone = run({QStringLiteral("library"), QStringLiteral("show"), id});
@@ -203,6 +206,25 @@ TEST_F(CommandLineTest, AnswersABatchInOrder)
               QStringLiteral("No recipe was found on this page."));
     EXPECT_EQ(at(1).value(QLatin1String("path")).toString(), bare);
     EXPECT_TRUE(at(2).contains(QLatin1String("error")) && at(3).contains(QLatin1String("error")));
+}
+
+TEST_F(CommandLineTest, ListsWhatIsWrongWithALibrary)
+{
+    const QByteArray draft =
+        R"({"title":"Toast","author":"","publisher":"","summary":"","yield":"","ingredients":[],"steps":[]})";
+    ASSERT_EQ(run({QStringLiteral("library"), QStringLiteral("add"), QStringLiteral("-")}, draft).status, 0);
+    QProcess sqlite;
+    sqlite.start(
+        QStringLiteral("python3"),
+        {QStringLiteral("-c"),
+         QStringLiteral("import sqlite3, sys; db = sqlite3.connect(sys.argv[1]); "
+                        "db.execute(\"UPDATE Recipe SET stepsData = CAST('[{' AS BLOB)\"); db.commit()"),
+         home.filePath(QStringLiteral("ovrin/Library.sqlite"))});
+    ASSERT_TRUE(sqlite.waitForFinished() && sqlite.exitCode() == 0)
+        << sqlite.readAllStandardError().constData();
+    const Answer answer = run({QStringLiteral("library"), QStringLiteral("check")});
+    EXPECT_EQ(answer.status, 1);
+    EXPECT_TRUE(answer.out.contains(QStringLiteral("Toast"))) << answer.out.toStdString();
 }
 
 TEST_F(CommandLineTest, TellsWrongUsageFromFailure)
