@@ -35,6 +35,8 @@ RecipeStore::RecipeStore(Options options, LibraryFile file)
         QMetaObject::invokeMethod(
             this, [this, batch = std::move(batch)] { acknowledge(batch); }, Qt::QueuedConnection);
     });
+    m_foldTimer.callOnTimeout(this, &RecipeStore::foldSome);
+    m_foldTimer.start(0);
     m_refreshTimer.callOnTimeout(this, &RecipeStore::refresh);
     if (m_options.refreshInterval.count() > 0)
         m_refreshTimer.start(m_options.refreshInterval);
@@ -108,6 +110,16 @@ RecipePtr RecipeStore::existingRecipe(const QUrl& url) const
     const auto found = std::ranges::find_if(
         all, [&](const RecipePtr& recipe) { return recipe->sourceAddress() == address; });
     return found != all.end() ? *found : nullptr;
+}
+
+void RecipeStore::foldSome()
+{
+    constexpr std::size_t atOnce = 200;
+    const std::size_t end = std::min(m_folded + atOnce, m_recipes.size());
+    for (; m_folded < end; ++m_folded)
+        m_recipes[m_folded]->searchKey(m_folding);
+    if (m_folded >= m_recipes.size())
+        m_foldTimer.stop();
 }
 
 LibraryQuery RecipeStore::query(LibraryFilter filter, const QString& search) const

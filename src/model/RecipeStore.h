@@ -11,7 +11,6 @@
 
 #include <functional>
 #include <memory>
-#include <ranges>
 #include <vector>
 
 namespace ovrin {
@@ -38,6 +37,14 @@ class RecipeStore : public QObject
     Q_OBJECT
 
 public:
+    /// The live list for a loop; valid until the list changes.
+    struct Range
+    {
+        const std::vector<RecipePtr>& oldestFirst;
+        auto begin() const { return oldestFirst.rbegin(); }
+        auto end() const { return oldestFirst.rend(); }
+    };
+
     struct Options
     {
         /// Folder of `Library.sqlite`; made when missing.
@@ -64,8 +71,8 @@ public:
     /// Returns when everything changed so far is on the disk.
     ~RecipeStore() override;
 
-    /// Newest first; of the same moment the one inserted first comes first. A random-access range.
-    auto recipes() const { return std::views::reverse(m_recipes); }
+    /// Newest first; of the same moment the one inserted first comes first.
+    auto recipes() const { return Range{m_recipes}; }
     qsizetype count() const { return static_cast<qsizetype>(m_recipes.size()); }
     const RecipePtr& at(qsizetype index) const { return m_recipes[m_recipes.size() - 1 - index]; }
     /// -1 when it is not in the library.
@@ -125,6 +132,9 @@ private:
     void enqueue(Write write);
     void acknowledge(const WrittenBatch& batch);
 
+    /// Makes search keys while nothing else happens, so that the first search finds them made.
+    void foldSome();
+
     void putIn(const RecipePtr& recipe);
     void takeOut(const RecipePtr& recipe);
     void refreshAll();
@@ -150,6 +160,9 @@ private:
     qint64 m_dataVersion = -1;
     qint64 m_seenSequence = 0;
     QTimer m_refreshTimer;
+
+    QTimer m_foldTimer;
+    std::size_t m_folded = 0;
 
     /// Last, so that it ends first.
     std::unique_ptr<StoreWriter> m_writer;

@@ -92,9 +92,12 @@ QString uuidText(const QUuid& id)
 
 std::optional<QUuid> uuidFromText(const QString& text)
 {
-    // QUuid also reads braces and a missing tail; the canonical form is what comes back out.
+    // QUuid also reads braces.
+    if (text.size() != 36 || text.front() == u'{')
+        return std::nullopt;
     const QUuid id = QUuid::fromString(text);
-    return text.size() == 36 && uuidText(id) == text.toUpper() ? std::optional(id) : std::nullopt;
+    const bool isZero = text == QStringLiteral("00000000-0000-0000-0000-000000000000");
+    return isZero || !id.isNull() ? std::optional(id) : std::nullopt;
 }
 
 } // namespace ovrin
