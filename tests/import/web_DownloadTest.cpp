@@ -4,10 +4,15 @@
 #include "support/LocalServer.h"
 #include "support/Outcome.h"
 
+#include <QtCore/QFile>
 #include <QtCore/QTimer>
 #include <QtNetwork/QNetworkAccessManager>
 #include <QtNetwork/QNetworkCookie>
 #include <QtNetwork/QNetworkCookieJar>
+#include <QtNetwork/QSslCertificate>
+#include <QtNetwork/QSslConfiguration>
+#include <QtNetwork/QSslKey>
+#include <QtNetwork/QSslServer>
 
 #include <gtest/gtest.h>
 
@@ -243,6 +248,23 @@ TEST_F(PageDownloaderTest, TellsWhyThereIsNoConnection)
     EXPECT_EQ(transport(photo(QUrl(QStringLiteral("file:///etc/hostname")), site.url("/"))),
               Transport::UnsupportedAddress);
     EXPECT_EQ(photo(QUrl(QStringLiteral("data:image/png;base64,QUJD")), site.url("/")).value, "ABC");
+}
+
+TEST_F(PageDownloaderTest, TrustsNoCertificateThatTheSiteMadeItself)
+{
+    // Key and certificate of nobody, for "localhost".
+    QFile pem(QStringLiteral("tests/import/fixtures/self-signed.pem"));
+    ASSERT_TRUE(pem.open(QIODevice::ReadOnly));
+    const QByteArray both = pem.readAll();
+    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
+    configuration.setPrivateKey(QSslKey(both, QSsl::Ec));
+    configuration.setLocalCertificate(QSslCertificate(both));
+    QSslServer server;
+    server.setSslConfiguration(configuration);
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
+    const QUrl url(QStringLiteral("https://127.0.0.1:%1/").arg(server.serverPort()));
+    EXPECT_EQ(sentence(page(url)),
+              QStringLiteral("The site could not prove that it is what it claims to be."));
 }
 
 TEST_F(PageDownloaderTest, CanBeCalledOffAtAnyMoment)
