@@ -235,7 +235,10 @@ std::optional<JsonDocument> JsonDocument::parse(QByteArrayView utf8, qsizetype m
         return std::nullopt;
     }
     auto content = std::make_unique<Content>();
-    content->bytes = utf8.toByteArray();
+    // A character cut off at the end makes the reader look at up to three bytes beyond it.
+    constexpr qsizetype beyond = 4;
+    content->bytes.reserve(utf8.size() + beyond);
+    content->bytes.append(utf8).append(beyond, '\0');
     char* const text = content->bytes.data();
     bool whole = false;
     auto build = [&](rapidjson::Document& tree) {
