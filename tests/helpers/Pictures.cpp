@@ -64,9 +64,9 @@ QByteArray encoded(VipsImage* image, const char* suffix, const Change& change)
     return bytes;
 }
 
-VipsImage* quarters()
+VipsImage* quarters(QSize size)
 {
-    const QSize quarter = quarteredSize / 2;
+    const QSize quarter = size / 2;
     std::array parts{colored(quarter, {220, 30, 30}), colored(quarter, {30, 200, 30}),
                      colored(quarter, {30, 30, 220}), colored(quarter, {220, 220, 30})};
     VipsImage* joined = nullptr;
@@ -103,10 +103,26 @@ QByteArray pngChunk(const QByteArray& type, const QByteArray& data)
 
 QByteArray quartered(const char* suffix, const Change& change, int enlarged)
 {
-    auto* image = replaced(quarters(), [&](VipsImage* in, VipsImage** out) {
+    auto* image = replaced(quarters(quarteredSize), [&](VipsImage* in, VipsImage** out) {
         return vips_zoom(in, out, enlarged, enlarged, nullptr);
     });
     return encoded(image, suffix, change);
+}
+
+QByteArray textured(const char* suffix)
+{
+    startLibrary();
+    VipsImage* noise = nullptr;
+    vips_gaussnoise(&noise, texturedSize.width(), texturedSize.height(), "mean", 0.0, "sigma", 12.0, "seed",
+                    1, nullptr);
+    auto* picture = quarters(texturedSize);
+    VipsImage* sum = nullptr;
+    vips_add(picture, noise, &sum, nullptr);
+    g_object_unref(picture);
+    g_object_unref(noise);
+    auto* bytes =
+        replaced(sum, [](VipsImage* in, VipsImage** out) { return vips_cast_uchar(in, out, nullptr); });
+    return encoded(bytes, suffix, {});
 }
 
 QByteArray plain(const char* suffix, QSize size, std::initializer_list<double> color, const Change& change)
@@ -163,18 +179,23 @@ Change animated(int height)
     };
 }
 
-QByteArray bitmap(QSize claimed)
+QByteArray bitmap(QSize size)
 {
-    const auto size = quarteredSize.width() * quarteredSize.height() * 3;
+    return bitmap(size, size);
+}
+
+QByteArray bitmap(QSize size, QSize claimed)
+{
+    const auto pixelBytes = size.width() * size.height() * 3;
     auto bytes =
-        QByteArrayLiteral("BM") + littleEndian(54 + size, 4) + littleEndian(0, 4) + littleEndian(54, 4);
+        QByteArrayLiteral("BM") + littleEndian(54 + pixelBytes, 4) + littleEndian(0, 4) + littleEndian(54, 4);
     bytes += littleEndian(40, 4) + littleEndian(claimed.width(), 4) + littleEndian(claimed.height(), 4);
     bytes += littleEndian(1, 2) + littleEndian(24, 2) + QByteArray(24, '\0');
-    for (int y = 0; y < quarteredSize.height(); ++y) {
-        for (int x = 0; x < quarteredSize.width(); ++x) {
-            const auto left = x < quarteredSize.width() / 2;
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x) {
+            const auto left = x < size.width() / 2;
             // Rows run from the bottom up, colours from blue to red.
-            const auto above = y >= quarteredSize.height() / 2;
+            const auto above = y >= size.height() / 2;
             bytes +=
                 above ? (left ? "\x1e\x1e\xdc" : "\x1e\xc8\x1e") : (left ? "\xdc\x1e\x1e" : "\x1e\xdc\xdc");
         }

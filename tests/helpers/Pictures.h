@@ -20,6 +20,10 @@ using Change = std::function<_VipsImage*(_VipsImage*)>;
 /// (".jpg[Q=90]").
 QByteArray quartered(const char* suffix, const Change& change = {}, int enlarged = 1);
 
+/// A small one with detail down to its last row, so that no part of its file can be spared.
+inline constexpr QSize texturedSize{100, 76};
+QByteArray textured(const char* suffix);
+
 /// One colour all over; as many bands as `color` has values.
 QByteArray plain(const char* suffix, QSize size, std::initializer_list<double> color,
                  const Change& change = {});
@@ -33,8 +37,9 @@ Change tagged(const char* profile);
 /// Cut into frames of `height` rows, as animations are.
 Change animated(int height);
 
-/// The quartered picture as a BMP of 24 bits, or one that claims another size than it has.
-QByteArray bitmap(QSize claimed = quarteredSize);
+/// The quartered picture of this size as a BMP of 24 bits, or one that claims another size than it has.
+QByteArray bitmap(QSize size = quarteredSize);
+QByteArray bitmap(QSize size, QSize claimed);
 
 /// A PNG, JPEG, GIF or TIFF whose header claims `size` and behind which there is next to nothing.
 QByteArray claimingPng(QSize size);

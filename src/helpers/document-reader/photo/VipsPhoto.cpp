@@ -50,15 +50,16 @@ bool isWithinBounds(const Image& picture)
 Image thumbnail(PictureFormat format, const QByteArray& bytes, const Image& picture)
 {
     return made([&](VipsImage** out) {
-        // From bytes, a decoder can leave out what will not be seen. In a TIFF this would mean choosing among
-        // its reduced copies, and the library chooses one that is too small.
-        return format == PictureFormat::Tiff
-                   ? vips_thumbnail_image(picture.get(), out, maximumSide, "height", maximumSide, "size",
-                                          VIPS_SIZE_DOWN, nullptr)
-                   : vips_thumbnail_buffer(const_cast<char*>(bytes.data()),
-                                           static_cast<std::size_t>(bytes.size()), out, maximumSide, "height",
-                                           maximumSide, "size", VIPS_SIZE_DOWN, "fail_on", VIPS_FAIL_ON_ERROR,
-                                           nullptr);
+        // Only these decoders leave out what would not be seen, for which the library wants the bytes once
+        // more. With others it would forget that errors are to be fatal, and take a reduced copy that is too
+        // small.
+        const bool shrinksOnLoad = format == PictureFormat::Jpeg || format == PictureFormat::WebP;
+        return shrinksOnLoad ? vips_thumbnail_buffer(const_cast<char*>(bytes.data()),
+                                                     static_cast<std::size_t>(bytes.size()), out, maximumSide,
+                                                     "height", maximumSide, "size", VIPS_SIZE_DOWN, "fail_on",
+                                                     VIPS_FAIL_ON_ERROR, nullptr)
+                             : vips_thumbnail_image(picture.get(), out, maximumSide, "height", maximumSide,
+                                                    "size", VIPS_SIZE_DOWN, nullptr);
     });
 }
 
@@ -111,6 +112,15 @@ Image flattened(const Image& srgb)
     });
 }
 
+/// All decoding happens here, once; what follows only reads it. A row that cannot be decoded is left black by
+/// the library's cache, and only its list of errors tells.
+Image inMemory(const Image& picture)
+{
+    vips_error_clear();
+    Image pixels(vips_image_copy_memory(picture.get()));
+    return *vips_error_buffer() == '\0' ? std::move(pixels) : nullptr;
+}
+
 QString averageColorHex(VipsImage* pixels)
 {
     const auto count = quint64(vips_image_get_width(pixels)) * quint64(vips_image_get_height(pixels));
@@ -149,8 +159,7 @@ std::optional<reader::PhotoAnswer> vipsPhoto(const QByteArray& bytes)
     auto small = thumbnail(*format, bytes, picture);
     const auto srgb = small ? inSrgb(std::move(small)) : nullptr;
     const auto flat = srgb ? flattened(srgb) : nullptr;
-    // All decoding happens here, once, into memory; what follows only reads it.
-    const Image pixels(flat ? vips_image_copy_memory(flat.get()) : nullptr);
+    const auto pixels = flat ? inMemory(flat) : nullptr;
     if (!pixels) {
         return std::nullopt;
     }
