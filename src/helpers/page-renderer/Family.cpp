@@ -48,10 +48,14 @@ std::vector<pid_t> children()
 /// its subreaper. Only children are signalled, whose numbers cannot be given away before we reap them.
 void endFamily()
 {
-    do {
+    for (;;) {
         for (const pid_t child : children())
             kill(child, SIGKILL);
-    } while (waitpid(-1, nullptr, 0) > 0 || errno == EINTR);
+        if (waitpid(-1, nullptr, 0) < 0 && errno == ECHILD)
+            return;
+        while (waitpid(-1, nullptr, WNOHANG) > 0) {
+        }
+    }
 }
 
 /// The worker's exit status once it has ended. Reaps adopted children on the way.

@@ -1,7 +1,7 @@
 #include "helpers/page-renderer/Request.h"
 
 #include <getopt.h>
-#include <gio/gio.h>
+#include <glib.h>
 
 #include <charconv>
 #include <cstring>

@@ -26,11 +26,6 @@ std::string variable(const char* name)
 
 } // namespace
 
-bool hasDisplay()
-{
-    return !variable("DISPLAY").empty() || !variable("WAYLAND_DISPLAY").empty();
-}
-
 bool enterOwnSurroundings(const fs::path& folder)
 {
     std::map<std::string, std::string> next;

@@ -4,9 +4,6 @@
 
 namespace ovrin {
 
-/// Whether the environment names a display at all; asked before anything heavy is started.
-bool hasDisplay();
-
 /// Replaces the environment: what rendering needs is kept, every folder of the user's becomes one below
 /// `folder`, no session bus is reachable, and whatever else there was (tokens, say) is gone. False when it
 /// cannot be done.

@@ -1,15 +1,11 @@
 #include "helpers/page-renderer/Family.h"
-#include "helpers/page-renderer/PageLoad.h"
-#include "helpers/page-renderer/PageView.h"
+#include "helpers/page-renderer/Outcome.h"
 #include "helpers/page-renderer/Request.h"
-#include "helpers/page-renderer/SocksGate.h"
-#include "helpers/page-renderer/Surroundings.h"
 
-#include <fcntl.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 
 namespace {
 
@@ -18,31 +14,32 @@ using namespace ovrin;
 /// Past this the worker is not asked any more, it is ended.
 constexpr auto grace = std::chrono::seconds(2);
 
-bool writeAll(int file, std::string_view what)
+/// Whether the environment names a display at all; asked before anything heavy is started.
+bool hasDisplay()
 {
-    while (!what.empty()) {
-        const ssize_t count = write(file, what.data(), what.size());
-        if (count < 0 && errno != EINTR)
-            return false;
-        what.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
-    }
-    return true;
+    const auto named = [](const char* variable) {
+        const char* value = std::getenv(variable);
+        return value != nullptr && *value != '\0';
+    };
+    return named("DISPLAY") || named("WAYLAND_DISPLAY");
 }
 
-RenderOutcome renderTo(int output, const RenderRequest& request, const std::filesystem::path& folder)
+/// WebKit's libraries start threads as soon as they are loaded, and a process with threads can neither fork
+/// safely nor count on its signals: hence a program of its own, beside this one.
+int becomeRenderer(const RenderRequest& request, const std::filesystem::path& folder)
 {
-    if (!enterOwnSurroundings(folder))
-        return RenderOutcome::Failed;
-    if (!gtk_init_check())
-        return RenderOutcome::Unavailable;
-    AddressRule rule(request.host, request.publicOnly, resolveBySystem);
-    SocksGate gate(rule);
-    if (!gate.start())
-        return RenderOutcome::Failed;
-    const RenderedPage page = loadPage(makePageView(gate.address()), request.address, request.deadline);
-    const bool written = page.outcome != RenderOutcome::Rendered || writeAll(output, page.html);
-    // The gate's threads may be in the middle of something; nothing here needs them to finish.
-    _exit(static_cast<int>(written ? page.outcome : RenderOutcome::Failed));
+    std::error_code error;
+    const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", error);
+    const std::string program = self.parent_path() / "page-renderer-worker";
+    const auto left =
+        std::chrono::ceil<std::chrono::milliseconds>(request.deadline - std::chrono::steady_clock::now());
+    if (left.count() < 1)
+        return static_cast<int>(RenderOutcome::TimedOut);
+    const std::string time = std::to_string(left.count());
+    const char* publicOnly = request.publicOnly ? "--public-only" : "--";
+    execl(program.c_str(), program.c_str(), folder.c_str(), "--timeout", time.c_str(), publicOnly,
+          request.address.c_str(), nullptr);
+    return static_cast<int>(RenderOutcome::Failed);
 }
 
 } // namespace
@@ -59,10 +56,6 @@ int main(int argc, char** argv)
     if (!hasDisplay())
         return static_cast<int>(RenderOutcome::Unavailable);
     return runWithFamily(request->deadline + grace, [&request](const std::filesystem::path& folder) {
-        // The page's processes inherit the standard output: it is not to be theirs to write to.
-        const int output = fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 3);
-        if (output < 0 || dup2(STDERR_FILENO, STDOUT_FILENO) < 0)
-            return static_cast<int>(RenderOutcome::Failed);
-        return static_cast<int>(renderTo(output, *request, folder));
+        return becomeRenderer(*request, folder);
     });
 }
