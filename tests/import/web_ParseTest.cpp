@@ -1,5 +1,6 @@
 #include "import/error/RecipeImportError.h"
 #include "import/web/PageParser.h"
+#include "json/JsonDocument.h"
 
 #include <gtest/gtest.h>
 
@@ -115,6 +116,25 @@ TEST(PageParser, RepairsBrokenText)
     const RecipeDraft draft = parse("<script type='application/ld+json'>{\"@type\":\"Recipe\",\"name\":"
                                     "\"Cr\xE8me \xE2\x82 br\xC3\xBBl\xC3\xA9\x65\"}</script>");
     EXPECT_EQ(draft.title, QStringLiteral("Cr\uFFFDme \uFFFD brûlée"));
+}
+
+TEST(PageParser, ReadsTheDeepestNestingInTime)
+{
+    const int depth = JsonDocument::maxDepth - 4;
+    for (const char* field : {"name", "recipeInstructions", "image", "author"}) {
+        for (const QByteArray key : {"name", "text", "itemListElement", "url", "@value", ""}) {
+            const QByteArray open =
+                key.isEmpty() ? QByteArray("[") : "{\"@type\":\"HowToSection\",\"" + key + "\":";
+            const QByteArray close = key.isEmpty() ? "]" : "}";
+            const QByteArray value = open.repeated(depth) + "[\"x\"" + QByteArray(",\"x\"").repeated(2'000) +
+                                     "]" + close.repeated(depth);
+            const RecipeDraft draft =
+                parse("<title>t</title><script type='application/ld+json'>{\"@type\":\"Recipe\","
+                      "\"" +
+                      QByteArray(field) + "\":" + value + "}</script>");
+            EXPECT_FALSE(draft.title.isEmpty());
+        }
+    }
 }
 
 } // namespace

@@ -7,7 +7,7 @@
 namespace ovrin {
 namespace {
 
-constexpr qint64 readAhead = 1024 * 1024;
+constexpr qint64 readAhead = qint64(1024) * 1024;
 
 TransportError::Case reasonOf(QNetworkReply::NetworkError error)
 {
@@ -39,9 +39,9 @@ bool isRedirect(int status)
 
 } // namespace
 
-HttpTransfer::HttpTransfer(QNetworkAccessManager& network, QNetworkRequest request, Bounds bounds)
+HttpTransfer::HttpTransfer(QNetworkAccessManager& network, const QNetworkRequest& request, Bounds bounds)
     : m_network(&network)
-    , m_request(std::move(request))
+    , m_request(request)
     , m_bounds(std::move(bounds))
 {
     for (QTimer* timer : {&m_silence, &m_whole}) {

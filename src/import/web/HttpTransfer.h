@@ -36,7 +36,7 @@ public:
         std::function<bool(const QHostAddress&)> isPrivate;
     };
 
-    HttpTransfer(QNetworkAccessManager& network, QNetworkRequest request, Bounds bounds);
+    HttpTransfer(QNetworkAccessManager& network, const QNetworkRequest& request, Bounds bounds);
     ~HttpTransfer() override;
 
     void start();

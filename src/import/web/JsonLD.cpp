@@ -12,7 +12,7 @@ namespace JsonLD {
 namespace {
 
 // A page is bounded itself; this only says that a script is never larger.
-constexpr qsizetype maxScriptBytes = 64 * 1024 * 1024;
+constexpr qsizetype maxScriptBytes = qsizetype(64) * 1024 * 1024;
 
 /// Calls `visit` with each of the value's types: none unless `@type` is a string or an array of nothing but
 /// strings.
@@ -65,21 +65,25 @@ RecipeStep stepOf(QStringList paragraphs)
     return step;
 }
 
-QList<RecipeStep> sectionSteps(JsonValue section)
+// Steps are appended to one list, so that deep nesting does not copy them from level to level.
+void appendSteps(JsonValue value, QList<RecipeStep>& steps);
+
+void appendSection(JsonValue section, QList<RecipeStep>& steps)
 {
-    QList<RecipeStep> result = steps(section["itemListElement"]);
-    if (!result.isEmpty()) {
+    const qsizetype first = steps.size();
+    appendSteps(section["itemListElement"], steps);
+    if (steps.size() > first) {
         if (const auto name = text(section["name"])) {
-            result.first().title = *name;
+            steps[first].title = *name;
         }
     }
-    return result;
 }
 
-QList<RecipeStep> objectSteps(JsonValue object)
+void appendObject(JsonValue object, QList<RecipeStep>& steps)
 {
     if (anyType(object, [](std::string_view type) { return type == "HowToSection"; })) {
-        return sectionSteps(object);
+        appendSection(object, steps);
+        return;
     }
     auto words = text(object["text"]);
     if (!words) {
@@ -87,10 +91,24 @@ QList<RecipeStep> objectSteps(JsonValue object)
     }
     QStringList paragraphs = splitLines(words.value_or(QString()));
     paragraphs += lines(object["itemListElement"]);
-    if (paragraphs.isEmpty()) {
-        return {};
+    if (!paragraphs.isEmpty()) {
+        steps << stepOf(std::move(paragraphs));
     }
-    return {stepOf(std::move(paragraphs))};
+}
+
+void appendSteps(JsonValue value, QList<RecipeStep>& steps)
+{
+    if (value.isString()) {
+        for (const QString& line : splitLines(HTMLText::clean(value.string()))) {
+            steps << stepOf({line});
+        }
+    } else if (value.isArray()) {
+        for (const JsonValue element : value) {
+            appendSteps(element, steps);
+        }
+    } else if (value.isObject()) {
+        appendObject(value, steps);
+    }
 }
 
 } // namespace
@@ -191,17 +209,7 @@ QStringList lines(JsonValue value)
 QList<RecipeStep> steps(JsonValue value)
 {
     QList<RecipeStep> result;
-    if (value.isString()) {
-        for (const QString& line : splitLines(HTMLText::clean(value.string()))) {
-            result << stepOf({line});
-        }
-    } else if (value.isArray()) {
-        for (const JsonValue element : value) {
-            result += steps(element);
-        }
-    } else if (value.isObject()) {
-        result = objectSteps(value);
-    }
+    appendSteps(value, result);
     return result;
 }
 

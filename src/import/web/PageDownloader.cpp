@@ -102,7 +102,7 @@ QCoro::Task<PageDownloader::Page> PageDownloader::page(QUrl url, std::stop_token
     request.setRawHeader("User-Agent", userAgent);
     request.setRawHeader("Accept", acceptedTypes);
     // The user has named this address, wherever it leads.
-    Page found = co_await fetch(url, std::move(request), m_limits.pageBytes, true, stop);
+    Page found = co_await fetch(url, request, m_limits.pageBytes, true, stop);
     co_return found;
 }
 
@@ -117,7 +117,7 @@ QCoro::Task<QByteArray> PageDownloader::photo(QUrl url, std::optional<QUrl> sour
         request.setRawHeader("Referer", source->toEncoded(QUrl::FullyEncoded | QUrl::RemoveUserInfo));
         mayBePrivate = co_await isOnPrivateNetwork(source->host(QUrl::FullyEncoded), m_isPrivate);
     }
-    Page found = co_await fetch(url, std::move(request), m_limits.photoBytes, mayBePrivate, stop);
+    Page found = co_await fetch(url, request, m_limits.photoBytes, mayBePrivate, stop);
     co_return std::move(found.html);
 }
 

@@ -29,8 +29,8 @@ public:
         /// Longest silence of a site, and longest time for one page or photo with all its redirects.
         std::chrono::milliseconds silence = std::chrono::seconds(30);
         std::chrono::milliseconds whole = std::chrono::minutes(3);
-        qint64 pageBytes = 32 * 1024 * 1024;
-        qint64 photoBytes = 64 * 1024 * 1024;
+        qint64 pageBytes = qint64(32) * 1024 * 1024;
+        qint64 photoBytes = qint64(64) * 1024 * 1024;
         int redirects = 10;
     };
 
