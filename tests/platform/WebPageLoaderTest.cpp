@@ -251,6 +251,9 @@ TEST_F(WebPageLoaderTest, LeavesNobodyWhenTheSupervisorIsKilled)
         QStringLiteral(OVRIN_PAGE_RENDERER),
         {QStringLiteral("--timeout"), QStringLiteral("60000"), server.url("/waiting").toString()});
     ASSERT_TRUE(QTest::qWaitFor([&] { return reached; }, 60'000));
+    // A second thread could take the signal that the page is done.
+    const QDir threads(QStringLiteral("/proc/%1/task").arg(supervisor.processId()));
+    EXPECT_THAT(threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot), testing::SizeIs(1));
     supervisor.kill();
     EXPECT_TRUE(QTest::qWaitFor([&] { return s_family->living().isEmpty(); }, 20'000))
         << s_family->living().join(QLatin1Char(' ')).toStdString();
