@@ -53,15 +53,19 @@ void PhraseMatcher::add(QStringView phrase)
     const FoldedText text(phrase);
     int node = 0;
     qsizetype done = 0;
-    for (const Match& run : text.runs) {
-        int& next = m_nodes[{node, text.folded.sliced(done, run.end - done)}];
+    const auto step = [&](qsizetype end) {
+        int& next = m_nodes[{node, text.folded.sliced(done, end - done)}];
         if (next == 0) {
             next = static_cast<int>(m_isPhrase.size());
             m_isPhrase.push_back(false);
         }
         node = next;
-        done = run.end;
-    }
+        done = end;
+    };
+    for (const Match& run : text.runs)
+        step(run.end);
+    if (done < phrase.size())
+        step(phrase.size());
     m_isPhrase[static_cast<std::size_t>(node)] = true;
 }
 
@@ -75,32 +79,38 @@ std::vector<PhraseMatcher::Match> PhraseMatcher::find(QStringView text) const
     const auto follow = [&](int node, qsizetype start, qsizetype end) {
         return m_nodes.value({node, QString::fromRawData(paragraph.folded.constData() + start, end - start)});
     };
-    const auto followGap = [&](int node, const Match& before, const Match& run) {
-        const qsizetype length = run.start - before.end;
-        const QStringView gap = QStringView(paragraph.folded).sliced(before.end, length);
+    const auto followRun = [&](int node, const Match& before, const Match& run) {
+        const QStringView gap = QStringView(paragraph.folded).sliced(before.end, run.start - before.end);
         if (gap == u" " || !isWhiteSpace(gap))
-            return length < maximumPhraseLength ? follow(node, before.end, run.end) : 0;
+            return gap.size() < maximumPhraseLength ? follow(node, before.end, run.end) : 0;
         return m_nodes.value({node, u' ' + paragraph.folded.sliced(run.start, run.end - run.start)});
     };
+    const auto isPhrase = [&](int node) { return node != 0 && m_isPhrase[static_cast<std::size_t>(node)]; };
 
     for (std::size_t first = 0; first < runs.size();) {
         std::size_t next = first + 1;
+        std::size_t resume = next;
+        qsizetype end = 0;
         int node = follow(0, runs[first].start, runs[first].end);
-        std::size_t last = next;
-        bool isFound = false;
-        while (node != 0) {
-            if (m_isPhrase[static_cast<std::size_t>(node)]) {
-                isFound = true;
-                last = next;
+        for (; node != 0; ++next) {
+            const Match& run = runs[next - 1];
+            if (isPhrase(node)) {
+                end = run.end;
+                resume = next;
             }
             if (next == runs.size())
                 break;
-            node = followGap(node, runs[next - 1], runs[next]);
-            ++next;
+            // A phrase that ends in an apostrophe or hyphen needs a word behind it to end at a boundary.
+            const bool isNear = runs[next].start - run.end < maximumPhraseLength;
+            if (isNear && isPhrase(follow(node, run.end, runs[next].start))) {
+                end = runs[next].start;
+                resume = next;
+            }
+            node = followRun(node, run, runs[next]);
         }
-        if (isFound)
-            result.push_back({runs[first].start, runs[last - 1].end});
-        first = last;
+        if (end > 0)
+            result.push_back({runs[first].start, end});
+        first = resume;
     }
     return result;
 }

@@ -12,8 +12,9 @@ namespace ovrin {
 /// alternatives, longest first, between word boundaries finds, from left to right and without overlap. A
 /// space in a phrase stands for any white space. Each walk is as long as the longest phrase at most.
 ///
-/// It relies on phrases starting and ending with a letter or mark: then every match covers whole runs of word
-/// characters, and a trie whose steps are such runs, with what stands before each, finds the longest phrase.
+/// It relies on phrases starting with a letter and having nothing but letters, marks, apostrophes, hyphens
+/// and single spaces in them: then every match starts and ends where a run of word characters does, and a
+/// trie whose steps are such runs, with what stands before each, finds the longest phrase.
 class PhraseMatcher
 {
 public:
@@ -26,7 +27,6 @@ public:
         qsizetype end;
     };
 
-    /// Words of letters and marks, with apostrophes and hyphens inside, and single spaces between words.
     void add(QStringView phrase);
 
     std::vector<Match> find(QStringView text) const;
