@@ -8,7 +8,8 @@ namespace ovrin::Duration {
 
 namespace {
 
-constexpr qint64 tooLarge = std::numeric_limits<qint64>::max();
+constexpr qint64 largest = std::numeric_limits<qint64>::max();
+constexpr qint64 minutesOfADay = 1440;
 
 /// An integer in ASCII digits; nothing for other digits and for what a qint64 cannot hold.
 std::optional<qint64> integer(QStringView digits)
@@ -18,7 +19,7 @@ std::optional<qint64> integer(QStringView digits)
         if (c < u'0' || c > u'9')
             return std::nullopt;
         const qint64 digit = c.unicode() - u'0';
-        if (result > (tooLarge - digit) / 10)
+        if (result > (largest - digit) / 10)
             return std::nullopt;
         result = result * 10 + digit;
     }
@@ -53,7 +54,7 @@ public:
             return;
         }
         const std::optional<qint64> amount = integer(m_text.sliced(start, end - start));
-        if (!amount || *amount > (tooLarge - m_sum) / minutes)
+        if (!amount || *amount > (largest - m_sum) / minutes)
             m_isReadable = false;
         else
             m_sum += *amount * minutes;
@@ -93,7 +94,7 @@ std::optional<qint64> minutes(QStringView text)
     Reader reader(text);
     if (!reader.skip(U'p'))
         return std::nullopt;
-    reader.add(U'd', 24 * 60);
+    reader.add(U'd', minutesOfADay);
     if (reader.skip(U't')) {
         reader.add(U'h', 60);
         reader.add(U'm', 1);

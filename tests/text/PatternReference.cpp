@@ -63,10 +63,8 @@ QRegularExpression compiled(QString pattern, bool isCaseInsensitive)
     pattern.replace(QStringLiteral("\\s"), QStringLiteral("[\\x09-\\x0d\\x{85}\\p{Z}]"));
     pattern.replace(QStringLiteral("\\d"), QStringLiteral("\\p{Nd}"));
     pattern.replace(QStringLiteral("\\b"), QStringLiteral("(?:(?<=%1)(?!%1)|(?<!%1)(?=%1))").arg(word));
-    QRegularExpression result(pattern, isCaseInsensitive ? QRegularExpression::CaseInsensitiveOption
+    return QRegularExpression(pattern, isCaseInsensitive ? QRegularExpression::CaseInsensitiveOption
                                                          : QRegularExpression::NoPatternOption);
-    Q_ASSERT(result.isValid());
-    return result;
 }
 
 QString scale(const QString& line, double factor, const QLocale& locale)
@@ -171,7 +169,8 @@ QString clean(const QString& html)
     return result.join(u'\n');
 }
 
-QList<QList<DirectionSegment>> segments(const QStringList& ingredients, const QStringList& paragraphs)
+std::optional<QList<QList<DirectionSegment>>> segments(const QStringList& ingredients,
+                                                       const QStringList& paragraphs)
 {
     static const QRegularExpression timerPattern =
         compiled(QStringLiteral("(\\d+(?:\\.\\d+)?|½)(?:\\s*(?:-|–|—|to)\\s*(\\d+(?:\\.\\d+)?))?\\s*"
@@ -194,6 +193,8 @@ QList<QList<DirectionSegment>> segments(const QStringList& ingredients, const QS
         phrase = phrase.replace(u'-', QStringLiteral("\\-")).replace(u' ', QStringLiteral("\\s+"));
     const QRegularExpression phrasePattern =
         compiled(QStringLiteral("\\b(?:%1)\\b").arg(phrases.join(u'|')), true);
+    if (!phrasePattern.isValid())
+        return std::nullopt;
     static const QRegularExpression space = compiled(QStringLiteral("\\s+"), false);
 
     QSet<qsizetype> mentioned;

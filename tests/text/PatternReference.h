@@ -21,6 +21,8 @@ qsizetype leadingAmountLength(const QString& line);
 std::optional<qint64> minutes(const QString& text);
 QString clean(const QString& html);
 QString decodeEntities(const QString& text);
-QList<QList<DirectionSegment>> segments(const QStringList& ingredients, const QStringList& paragraphs);
+/// Nothing when the phrases are too many for one pattern.
+std::optional<QList<QList<DirectionSegment>>> segments(const QStringList& ingredients,
+                                                       const QStringList& paragraphs);
 
 } // namespace ovrin::PatternReference
