@@ -11,7 +11,7 @@ namespace ovrin {
 namespace {
 
 /// Room for the largest photo that is read from anywhere, in base64, and its recipe.
-constexpr qsizetype maxDraftBytes = 128 * 1024 * 1024;
+constexpr qsizetype maxDraftBytes = 134'217'728;
 
 /// Standard base64 (RFC 4648, section 4) with its padding; Qt's reader alone takes it without as well.
 std::optional<QByteArray> fromBase64(std::string_view text)

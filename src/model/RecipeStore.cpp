@@ -24,10 +24,10 @@ RecipeStore::RecipeStore(Options options, LibraryFile file)
     m_dataVersion = file.dataVersion;
     m_seenSequence = file.sequence;
     for (ListedRecipe& listed : file.recipes) {
+        m_lastOrder = listed.row;
         auto recipe = std::make_shared<Recipe>(std::move(listed), *this);
         m_byId.insert(recipe->id(), recipe.get());
         m_recipes.push_back(std::move(recipe));
-        m_lastOrder = listed.row;
     }
     std::ranges::sort(m_recipes, [](const RecipePtr& a, const RecipePtr& b) { return liesBelow(*a, *b); });
 

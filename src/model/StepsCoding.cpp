@@ -8,7 +8,7 @@ namespace ovrin {
 namespace {
 
 /// Far above any method ever written; a bound for bytes that another program may have put into the library.
-constexpr qsizetype maxStepsBytes = 64 * 1024 * 1024;
+constexpr qsizetype maxStepsBytes = 67'108'864;
 
 std::optional<RecipeStep> readStep(JsonValue value)
 {

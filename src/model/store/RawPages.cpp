@@ -233,7 +233,7 @@ QByteArray payloadOf(const Pages& pages, Cursor& cell, qint64 size)
 void scanLeaf(const Pages& pages, qsizetype number, const RawFinds& finds)
 {
     constexpr quint64 tableLeaf = 0x0d;
-    constexpr qint64 maxPayload = 128 * 1024 * 1024;
+    constexpr qint64 maxPayload = 134'217'728;
     const QByteArrayView page = pages.page(number);
     Cursor header(page, number == 1 ? 100 : 0);
     if (header.bigEndian(1) != tableLeaf)

@@ -19,7 +19,7 @@ constexpr std::string_view listSql =
     "createdAt, "
     "lastCookedAt, timesCooked FROM Recipe";
 
-constexpr qsizetype maxIngredientsBytes = 64 * 1024 * 1024;
+constexpr qsizetype maxIngredientsBytes = 67'108'864;
 
 QStringList ingredientsFrom(QByteArrayView json)
 {

@@ -144,8 +144,8 @@ QString finishRescue(const QString& folder, Instant now)
     if (!QFile::exists(rescued))
         return {};
     const QString database = dir.filePath(QStringLiteral("Library.sqlite"));
-    const QString keptAs = QStringLiteral("Library damaged %1.sqlite")
-                               .arg(toDateTime(now).toString(QStringLiteral("yyyy-MM-dd HH.mm.ss")));
+    QString keptAs = QStringLiteral("Library damaged %1.sqlite")
+                         .arg(toDateTime(now).toString(QStringLiteral("yyyy-MM-dd HH.mm.ss")));
     const QString kept = dir.filePath(keptAs);
     // The log goes first: beside the new file it would be taken for that one's own.
     for (const auto& suffix : {QStringLiteral("-wal"), QString()})

@@ -68,7 +68,13 @@ std::string changeTriggers()
     for (std::size_t i = 0; i < recipeAttributeNames.size(); ++i) {
         const std::string name = recipeAttributeNames[i];
         if (name != "imageData")
-            changed += " | ((OLD." + name + " IS NOT NEW." + name + ") << " + std::to_string(i) + ")";
+            changed.append(" | ((OLD.")
+                .append(name)
+                .append(" IS NOT NEW.")
+                .append(name)
+                .append(") << ")
+                .append(std::to_string(i))
+                .append(")");
     }
     return logged("RecipeInserted AFTER INSERT ON Recipe", "NEW", allAttributes) +
            logged("RecipeUpdated AFTER UPDATE ON Recipe", "NEW", changed) +
