@@ -28,7 +28,8 @@ std::optional<QByteArray> fromBase64(std::string_view text)
 
 std::optional<QUrl> toUrl(JsonValue value)
 {
-    QUrl url(value.string());
+    // Fully encoded at once, or what is written later would read as another address ("a##b").
+    QUrl url = QUrl::fromEncoded(QUrl(value.string()).toEncoded());
     return url.isValid() ? std::optional(std::move(url)) : std::nullopt;
 }
 
