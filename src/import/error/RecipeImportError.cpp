@@ -15,6 +15,8 @@ QString RecipeImportError::errorDescription() const
         return QStringLiteral("Ovrin can import recipes from web pages, PDFs and images.");
     case Case::TooLarge:
         return QStringLiteral("This is too large to import.");
+    case Case::DamagedFile:
+        return QStringLiteral("This file could not be read. It may be damaged.");
     }
     return {};
 }

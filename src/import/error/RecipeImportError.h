@@ -17,6 +17,7 @@ public:
         NoTextFound,
         UnsupportedFile,
         TooLarge,
+        DamagedFile,
     };
 
     static RecipeImportError badResponse(int httpStatus) { return {Case::BadResponse, httpStatus}; }
@@ -24,6 +25,8 @@ public:
     static RecipeImportError noTextFound() { return {Case::NoTextFound, 0}; }
     static RecipeImportError unsupportedFile() { return {Case::UnsupportedFile, 0}; }
     static RecipeImportError tooLarge() { return {Case::TooLarge, 0}; }
+    /// A file that cannot be read, whatever the reason.
+    static RecipeImportError damagedFile() { return {Case::DamagedFile, 0}; }
 
     Case reason() const { return m_reason; }
     /// Status of a bad response; 0 otherwise.
