@@ -51,7 +51,6 @@ void LocalServer::read(QTcpSocket& socket)
     if (end < 0) {
         return;
     }
-    socket.read(end + 4);
     const QList<QByteArray> lines = seen.left(end).split('\n');
     Request request;
     request.path = lines.first().split(' ').value(1);
@@ -59,6 +58,11 @@ void LocalServer::read(QTcpSocket& socket)
         const qsizetype colon = line.indexOf(':');
         request.headers[line.left(colon).toLower()] = line.mid(colon + 1).trimmed();
     }
+    const qsizetype bodySize = request.headers.value("content-length").toLongLong();
+    if (seen.size() < end + 4 + bodySize) {
+        return;
+    }
+    request.body = socket.read(end + 4 + bodySize).mid(end + 4);
     m_requests << request;
     if (const auto handler = m_handlers.value(request.path)) {
         handler(request, socket);

@@ -20,6 +20,8 @@ public:
         QByteArray path;
         /// By name in lower case.
         QHash<QByteArray, QByteArray> headers;
+        /// As long as "Content-Length" says.
+        QByteArray body;
     };
     using Handler = std::function<void(const Request&, QTcpSocket&)>;
 
