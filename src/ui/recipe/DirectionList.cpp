@@ -60,10 +60,10 @@ QHash<int, QByteArray> DirectionList::roleNames() const
 }
 
 QString DirectionList::richText(int row, const QString& textColor, const QString& accentColor,
-                                const QString& focusColor, int focused) const
+                                const QString& focusColor, int focused, int weight) const
 {
     return row >= 0 && row < m_rows.size()
-               ? m_rows.at(row).paragraph.richText(textColor, accentColor, focusColor, focused)
+               ? m_rows.at(row).paragraph.richText(textColor, accentColor, focusColor, focused, weight)
                : QString();
 }
 

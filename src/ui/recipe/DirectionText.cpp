@@ -39,7 +39,7 @@ QList<DirectionParagraph::Link> DirectionParagraph::links() const
 }
 
 QString DirectionParagraph::richText(const QString& textColor, const QString& accentColor,
-                                     const QString& focusColor, int focused) const
+                                     const QString& focusColor, int focused, int weight) const
 {
     QString html;
     int link = 0;
@@ -51,8 +51,8 @@ QString DirectionParagraph::richText(const QString& textColor, const QString& ac
         }
         const bool isTimer = segment.kind == DirectionSegment::Kind::Timer;
         const QString style =
-            QStringLiteral("color:%1;font-weight:600;text-decoration:%2;%3")
-                .arg(isTimer ? accentColor : textColor,
+            QStringLiteral("color:%1;font-weight:%2;text-decoration:%3;%4")
+                .arg(isTimer ? accentColor : textColor, QString::number(weight),
                      isTimer ? QStringLiteral("underline") : QStringLiteral("none"),
                      link == focused ? QStringLiteral("background-color:") + focusColor : QString());
         html += QStringLiteral("<a href=\"%1\" style=\"%2\">%3</a>")

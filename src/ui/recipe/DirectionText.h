@@ -26,9 +26,9 @@ struct DirectionParagraph
 
     QList<Link> links() const;
     /// Rich text with mentions in bold and times as links, everything escaped. `focused` is the link that the
-    /// keyboard is on, or -1.
+    /// keyboard is on, or -1; `weight` is that of mentions and times.
     QString richText(const QString& textColor, const QString& accentColor, const QString& focusColor,
-                     int focused) const;
+                     int focused, int weight = 600) const;
 
     bool operator==(const DirectionParagraph&) const = default;
 };

@@ -47,6 +47,15 @@ QtObject {
     readonly property color photoRoundHover: "#B31E1814"
     readonly property color cardMark: "#59000000"
 
+    // Cook mode: a veil over the washed-out photo, and what lies on the veil.
+    readonly property color cookVeilTop: dark ? "#A6151210" : "#C7FBFAF8"
+    readonly property color cookVeilBottom: dark ? "#F0151210" : "#F5FBFAF8"
+    readonly property color cookPanel: dark ? "#14FFFFFF" : "#99FFFFFF"
+    readonly property color cookLine: dark ? "#1FFFFFFF" : "#1F211D19"
+    readonly property color cookRound: dark ? "#2EFFFFFF" : "#17211D19"
+    readonly property color cookRoundHover: dark ? "#47FFFFFF" : "#26211D19"
+    readonly property real cookDimmed: dark ? 0.5 : 0.62
+
     // Space, on a grid of four.
     readonly property int gap1: 4
     readonly property int gap2: 8
@@ -85,6 +94,10 @@ QtObject {
     readonly property int headerHeight: Math.round(330 * Math.min(textScale, 1.4))
     readonly property int sheetWidth: Math.round(680 * Math.min(textScale, 1.25))
     readonly property int sheetNarrow: Math.round(480 * Math.min(textScale, 1.25))
+    readonly property int cookSheetWidth: Math.round(420 * Math.min(textScale, 1.25))
+    readonly property int stepperSize: 60
+    readonly property int capsuleHeight: Math.round(52 * textScale)
+    readonly property int capsuleMaximum: Math.round(340 * textScale)
     readonly property int alertWidth: Math.round(380 * Math.min(textScale, 1.25))
 
     // Motion: ease-out, and none of it where the system asks for none.
@@ -105,6 +118,8 @@ QtObject {
     readonly property int sizeControl: Math.round(14 * textScale)
     readonly property int sizeSecondary: Math.round(13 * textScale)
     readonly property int sizeCaption: Math.round(12 * textScale)
+    readonly property int sizeCookCurrent: Math.round(48 * textScale)
+    readonly property int sizeCookOther: Math.round(32 * textScale)
     readonly property real leading: 1.45
     readonly property real leadingTight: 1.2
 
