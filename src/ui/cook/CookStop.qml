@@ -28,7 +28,8 @@ Column {
         text: stop.stepTitle === "" ? qsTr("STEP %1").arg(stop.stepNumber)
                                     : qsTr("STEP %1 — %2").arg(stop.stepNumber).arg(stop.stepTitle)
         color: Theme.accent
-        font: Theme.stepLabel
+        font: Qt.font({family: Theme.family, pixelSize: Math.round(Theme.sizeBody * stop.typeScale),
+                       weight: Font.DemiBold, letterSpacing: 1.2})
         Accessible.role: Accessible.Heading
     }
     Text {
@@ -48,7 +49,13 @@ Column {
         horizontalAlignment: Text.AlignLeft
         Accessible.role: Accessible.StaticText
         Accessible.name: stop.paragraphText
-        onLinkActivated: address => stop.linkActivated(address)
+        // Where a mention of an ingredient is tapped, its paragraph is.
+        onLinkActivated: address => {
+            if (stop.links.some(link => link.isTimer && link.address === address))
+                stop.linkActivated(address)
+            else
+                stop.tapped()
+        }
 
         HoverHandler {
             cursorShape: words.hoveredLink === "" ? Qt.ArrowCursor : Qt.PointingHandCursor

@@ -29,6 +29,7 @@ ListView {
             spring.aim(restingPlace())
     }
 
+    clip: true
     model: cook.stops
     currentIndex: cook.current
     highlightFollowsCurrentItem: false

@@ -61,7 +61,7 @@ ListView {
                 anchors { left: mark.right; right: parent.right; verticalCenter: parent.verticalCenter }
                 anchors.leftMargin: Theme.gap3
                 text: row.text
-                font.strikeout: row.checked
+                font: Qt.font({family: Theme.family, pixelSize: Theme.sizeBrand, strikeout: row.checked})
                 Accessible.ignored: true
             }
         }

@@ -8,10 +8,13 @@ ListView {
     /// A CookTimers.
     required property var timers
     property real maximumHeight: 400
+    /// Whole capsules only, and always one.
+    readonly property int rows: Math.max(1, Math.min(count, Math.floor((maximumHeight + spacing)
+                                                                     / (Theme.capsuleHeight + spacing))))
 
     visible: count > 0
     width: Theme.capsuleMaximum
-    height: Math.max(Theme.capsuleHeight, Math.min(contentHeight, maximumHeight))
+    height: rows * (Theme.capsuleHeight + spacing) - spacing
     model: timers
     spacing: Theme.gap2
     clip: contentHeight > height
