@@ -1,5 +1,6 @@
 #include "import/document/PageFurniture.h"
 
+#include "import/document/LineShape.h"
 #include "import/document/RecipeWords.h"
 
 #include <QtCore/QHash>
@@ -89,6 +90,10 @@ Margins margins(const QList<TextLine>& lines)
         for (qsizetype i = begin; i < end; ++i) {
             if (i < begin + marginLines || i >= end - marginLines) {
                 margins.lines.insert(i);
+                // "Step 4" and "Step 9" at the heads of two pages are no running head.
+                if (LineShape::numbered(lines[i].text) && !LineShape::isBareNumber(lines[i].text)) {
+                    continue;
+                }
                 pagesOf[withoutNumbers(lines[i].text)].insert(lines[i].page);
             }
         }

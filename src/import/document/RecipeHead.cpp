@@ -122,7 +122,12 @@ private:
             while (title.end < m_lines.size() && continuesTitle(title.end)) {
                 title.text = RecipeItems::joined(title.text, m_lines[title.end++].text);
             }
-            const double large = line.relativeHeight >= titleType ? line.relativeHeight * 2 : 1;
+            const bool isLarge = line.relativeHeight >= titleType;
+            if (!isLarge && LineShape::isProse(line.text)) {
+                ++i;
+                continue;
+            }
+            const double large = isLarge ? line.relativeHeight * 2 : 1;
             const double score = large * (1 + 0.6 * shareSpokenOf(title.text, m_spoken)) -
                                  0.12 * static_cast<double>(std::min<qsizetype>(rank++, 8));
             i = title.end;

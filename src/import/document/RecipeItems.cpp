@@ -23,6 +23,34 @@ bool hasOpenBracket(const QString& text)
     return text.count(u'(') > text.count(u')');
 }
 
+/// What a list may well name alone on a line, without an amount and without a capital.
+bool isPantryItem(const QString& text)
+{
+    static const QSet<QString> items = [] {
+        const QStringList words =
+            QStringLiteral(
+                "salt|pepper|butter|rice|oil|olive|water|sugar|flour|garlic|onion|onions|milk|cheese|parsley|"
+                "basil|mustard|cream|ghee|potatoes|tomatoes|spaghetti|pasta|bacon|lemon|honey|vinegar|"
+                "soy|cilantro|coriander|cumin|paprika|cinnamon|yeast|eggs|carrots|celery|thyme|rosemary|"
+                "ginger|chili|chilli|salz|pfeffer|öl|olivenöl|zucker|mehl|wasser|etwas|sel|poivre|huile|"
+                "sal|pimienta|aceite|sale|pepe|olio|zout|peper|olie|pimenta|sól|pieprz|olej|smör|socker|"
+                "peppar|smør|sukker|peber")
+                .split(u'|');
+        return QSet<QString>(words.begin(), words.end());
+    }();
+    QString first = text.section(u' ', 0, 0).toLower();
+    while (!first.isEmpty() && !first.back().isLetter()) {
+        first.chop(1);
+    }
+    return items.contains(first) && text.count(u' ') < 4;
+}
+
+/// A number that its unit or its fraction must follow ("2" and then "1/4 lb").
+bool isCount(const QString& word)
+{
+    return !word.isEmpty() && std::all_of(word.begin(), word.end(), [](QChar c) { return c.isDigit(); });
+}
+
 double medianWidth(const QList<TextLine>& lines)
 {
     std::vector<double> widths;
@@ -124,12 +152,7 @@ public:
         m_isSpaced = starts >= 3 && apart * 10 >= starts * 8;
         m_isAmountList = starts * 10 >= lines.size() * 7;
         m_isLowerCase = lowerCase * 2 > words;
-        const auto full = std::count_if(lines.begin(), lines.end(), [this](const TextLine& line) {
-            return LineShape::estimatedWidth(line.text) > 0.9 * m_fullWidth;
-        });
-        const bool someLong = m_fullWidth > 1.6 * medianWidth(lines);
-        m_mayWrap = m_fullWidth > narrowestColumn &&
-                    (someLong || (words * 4 > lines.size() && (!m_isLowerCase || full > 1)));
+        m_mayWrap = m_fullWidth > narrowestColumn && hasWrappedLines(lines);
     }
 
     bool isGroupHeading(qsizetype i) const
@@ -172,8 +195,9 @@ public:
             return !line.startsBlock || text.front().isLower() || hasOpenBracket(entry);
         }
         const bool room = RecipeItems::hadRoomFor(text, previous, m_fullWidth);
-        const bool runsOn = hasOpenBracket(entry) || previous.endsWith(u'-') ||
-                            RecipeWords::connectors().contains(lastWord(previous));
+        const bool runsOn = hasOpenBracket(entry) || QStringView(u"-/|").contains(previous.back()) ||
+                            RecipeWords::connectors().contains(lastWord(previous)) ||
+                            (isCount(lastWord(previous)) && !room);
         if (LineShape::startsWithAmount(text)) {
             return runsOn && !line.startsBlock && !room;
         }
@@ -183,10 +207,12 @@ public:
         if (line.startsBlock && !runsOn) {
             return false;
         }
-        if (runsOn || text.startsWith(u'(')) {
+        // An aside in brackets belongs to what stands before it, unless more follows the brackets.
+        if (runsOn || (text.startsWith(u'(') && text.endsWith(u')'))) {
             return true;
         }
-        if (!m_mayWrap || RecipeWords::amountWords().contains(text.section(u' ', 0, 0).toLower())) {
+        if (!m_mayWrap || isPantryItem(text) ||
+            RecipeWords::amountWords().contains(text.section(u' ', 0, 0).toLower())) {
             return false;
         }
         const bool open = previous.endsWith(u',') || text.front().isLower();
@@ -195,6 +221,25 @@ public:
     }
 
 private:
+    /// Whether lines that begin like the rest of another follow full lines, as the rests of wrapped lines do,
+    /// or short ones just as well, as the entries of a list in lower case do.
+    bool hasWrappedLines(const QList<TextLine>& lines) const
+    {
+        qsizetype behindFull = 0;
+        qsizetype behindShort = 0;
+        qsizetype starts = 0;
+        for (qsizetype i = 1; i < lines.size(); ++i) {
+            const bool rest = lines[i].text.front().isLower() && !isPantryItem(lines[i].text);
+            const bool full = !RecipeItems::hadRoomFor(lines[i].text, lines[i - 1].text, m_fullWidth);
+            behindFull += rest && full ? 1 : 0;
+            behindShort += rest && !full ? 1 : 0;
+            starts += rest ? 0 : 1;
+        }
+        // Wrapped or not, a list has more beginnings than rests; one of lower case only has none.
+        return behindFull > 0 && behindFull > behindShort &&
+               (!m_isLowerCase || starts * 2 > behindFull || m_fullWidth > 1.6 * medianWidth(lines));
+    }
+
     bool startsWithMarkOrAmount(qsizetype i) const
     {
         return LineShape::hasBullet(m_lines[i].text) || LineShape::startsWithAmount(m_lines[i].text) ||

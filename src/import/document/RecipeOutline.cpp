@@ -17,6 +17,7 @@ constexpr double largeType = 1.25;
 /// Half of what an unremarkable short line scores, so that such lines neither open nor end a list.
 constexpr double likenessOfNothing = 0.15;
 constexpr double certainIngredient = 1.4;
+constexpr qsizetype longestPlainIngredient = 70;
 
 double likeness(const TextLine& line)
 {
@@ -73,8 +74,31 @@ Run ingredientRun(const QList<TextLine>& lines)
 qsizetype listEnd(const QList<TextLine>& lines)
 {
     for (qsizetype i = 1; i < lines.size(); ++i) {
-        if (lines[i].startsBlock && LineShape::isProse(lines[i].text) && likeness(lines[i]) < -1 &&
+        if (lines[i].startsBlock && !LineShape::hasBullet(lines[i].text) &&
+            LineShape::isProse(lines[i].text) && likeness(lines[i]) < -1 &&
             ingredientRun(lines.sliced(i)).size() == 0) {
+            return i;
+        }
+    }
+    return lines.size();
+}
+
+/// The first line of its own behind a list that has a bullet in front of most of its lines.
+qsizetype behindBullets(const QList<TextLine>& lines)
+{
+    qsizetype last = -1;
+    qsizetype bullets = 0;
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        if (LineShape::hasBullet(lines[i].text)) {
+            last = i;
+            ++bullets;
+        }
+    }
+    if (bullets < 3 || bullets * 5 < (last + 1) * 3) {
+        return lines.size();
+    }
+    for (qsizetype i = last + 1; i < lines.size(); ++i) {
+        if (lines[i].startsBlock || LineShape::looksLikeStep(lines[i].text)) {
             return i;
         }
     }
@@ -84,6 +108,10 @@ qsizetype listEnd(const QList<TextLine>& lines)
 /// Where, in a list of ingredients that no heading ends, the directions begin.
 qsizetype directionsBegin(const QList<TextLine>& lines)
 {
+    const qsizetype behind = behindBullets(lines);
+    if (behind < lines.size()) {
+        return behind;
+    }
     qsizetype best = lines.size();
     double bestScore = -1e9;
     double score = 0;
@@ -118,8 +146,11 @@ QList<Section> sections(const QList<TextLine>& lines)
 {
     QList<Section> sections{{}};
     bool recipeBegun = false;
-    for (const TextLine& line : lines) {
-        const Heading heading = headingOf(line.text);
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        const TextLine& line = lines[i];
+        // "Stir in the dry" and then "ingredients: flour, sugar": the rest of a sentence is no heading.
+        const bool runsOn = !line.startsBlock && !line.text.isEmpty() && line.text.front().isLower();
+        const Heading heading = runsOn ? Heading() : headingOf(line.text);
         // Above the recipe "Reviews" or "Video" is a button, not the heading of a section.
         if (heading.kind == HeadingKind::None) {
             sections.last().lines.append(line);
@@ -180,6 +211,79 @@ qsizetype unheadedRecipe(const QList<TextLine>& lines)
     return lines.size();
 }
 
+bool mayBeListed(const TextLine& line)
+{
+    return line.text.size() <= longestPlainIngredient && !LineShape::isProse(line.text) &&
+           !isLargeType(line) && !RecipeFacts::isFact(line.text);
+}
+
+/// The first line of the method, where it is numbered.
+qsizetype firstNumberedStep(const QList<TextLine>& lines)
+{
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        const auto number = LineShape::numbered(lines[i].text);
+        const bool counts = number && number->number == 1 && !LineShape::startsWithAmount(number->rest) &&
+                            !LineShape::isBareNumber(lines[i].text);
+        const auto isSecond = [](const TextLine& line) {
+            const auto next = LineShape::numbered(line.text);
+            return next && next->number == 2 && !LineShape::isBareNumber(line.text);
+        };
+        if (counts && std::any_of(lines.begin() + i + 1, lines.end(), isSecond)) {
+            return i;
+        }
+    }
+    return lines.size();
+}
+
+/// A block of short lines above a block of running text.
+Run shortLinedBlock(const QList<TextLine>& lines)
+{
+    constexpr qsizetype leastLines = 3;
+    for (qsizetype begin = 0; begin < lines.size();) {
+        qsizetype end = begin + 1;
+        while (end < lines.size() && !lines[end].startsBlock) {
+            ++end;
+        }
+        const auto listed =
+            std::count_if(lines.begin() + begin, lines.begin() + end, [](const TextLine& line) {
+                return mayBeListed(line) && !LineShape::looksLikeStep(line.text);
+            });
+        if (end < lines.size() && end - begin >= leastLines && listed * 10 >= (end - begin) * 8 &&
+            std::any_of(lines.begin() + end, lines.end(),
+                        [](const TextLine& line) { return LineShape::looksLikeStep(line.text); })) {
+            return {begin, end, 1};
+        }
+        begin = end;
+    }
+    return {};
+}
+
+/// The list of ingredients without headings: by its amounts, or as the short lines right above a numbered
+/// method.
+Run unheadedList(const QList<TextLine>& lines)
+{
+    Run run = ingredientRun(lines);
+    if (run.size() == 0) {
+        const qsizetype step = firstNumberedStep(lines);
+        if (step == lines.size()) {
+            return shortLinedBlock(lines);
+        }
+        qsizetype block = step;
+        while (block > 0 && (block == step || !lines[block].startsBlock)) {
+            --block;
+        }
+        const auto listed = std::count_if(lines.begin() + block, lines.begin() + step, mayBeListed);
+        run = {listed * 10 >= (step - block) * 6 ? block : step, step, 0};
+    }
+    // Upwards through its block: an ingredient without an amount looks like nothing in particular.
+    const bool byAmounts = run.size() > 0;
+    while (run.begin > 0 && mayBeListed(lines[run.begin - 1]) &&
+           (!byAmounts || !lines[run.begin].startsBlock)) {
+        --run.begin;
+    }
+    return run;
+}
+
 RecipeOutline withoutHeadings(const QList<TextLine>& lines)
 {
     RecipeOutline result;
@@ -188,14 +292,16 @@ RecipeOutline withoutHeadings(const QList<TextLine>& lines)
     const bool several = firstTitle < lines.size() && ingredientRun(lines.first(firstTitle)).size() > 0;
     const QList<TextLine> own = several ? lines.first(firstTitle) : lines;
     result.hasMoreRecipes = several;
-    const Run run = ingredientRun(own);
+    const Run run = unheadedList(own);
     if (run.size() == 0) {
         result.head = own;
         return result;
     }
     result.head = own.first(run.begin);
     result.ingredients = own.sliced(run.begin);
-    const qsizetype split = directionsBegin(result.ingredients);
+    const qsizetype numbered = firstNumberedStep(result.ingredients);
+    const qsizetype split =
+        numbered > 0 && numbered < result.ingredients.size() ? numbered : directionsBegin(result.ingredients);
     result.directions = result.ingredients.sliced(split);
     result.ingredients = result.ingredients.first(split);
     return result;
@@ -290,6 +396,35 @@ Heading headingOf(const QString& line)
     return {};
 }
 
+namespace {
+
+/// Where a numbered method has ended: text that stands apart behind its last step. On a page of two columns
+/// this is what spans them, read last though it may stand above.
+qsizetype methodEnd(const QList<TextLine>& lines)
+{
+    int expected = 1;
+    qsizetype last = 0;
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        const auto number = LineShape::numbered(lines[i].text);
+        if (number && number->number == expected) {
+            ++expected;
+            last = i;
+        }
+    }
+    if (expected <= 2) {
+        return lines.size();
+    }
+    for (qsizetype i = last + 2; i < lines.size(); ++i) {
+        if (lines[i].startsBlock && lines[i].page == lines[i - 1].page &&
+            LineShape::endsSentence(lines[i - 1].text) && !LineShape::numbered(lines[i].text)) {
+            return i;
+        }
+    }
+    return lines.size();
+}
+
+} // namespace
+
 RecipeOutline outline(const QList<TextLine>& lines)
 {
     const QList<Section> all = sections(lines);
@@ -317,6 +452,9 @@ RecipeOutline outline(const QList<TextLine>& lines)
         result.head += result.ingredients.sliced(end);
         result.ingredients = result.ingredients.first(end);
     }
+    const qsizetype end = methodEnd(result.directions);
+    result.head += result.directions.sliced(end);
+    result.directions = result.directions.first(end);
     return result;
 }
 

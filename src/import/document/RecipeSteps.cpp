@@ -29,7 +29,7 @@ public:
         }
         m_isNumbered = expected > 2 || (expected == 2 && LineShape::numbered(lines.first().text));
         m_isBulleted = bullets >= 2;
-        m_isOneLineEach = lines.size() >= 3 && sentences * 20 >= lines.size() * 17;
+        m_isOneLineEach = lines.size() >= 2 && sentences * 20 >= lines.size() * 17;
     }
 
     bool isNumbered() const { return m_isNumbered; }

@@ -148,6 +148,60 @@ TEST(RecipeTextParser, ReadsBarePlainAndNumberedSteps)
                 ElementsAre("Boil the water.", "Add the tea.", "Wait."));
 }
 
+TEST(RecipeTextParser, FindsAListWithoutAmountsByItsBlock)
+{
+    const auto draft = RecipeTextParser::parse(page(R"(
+# Baked Trout
+A dish for the evening after a long day at the river.
+
+Cleaned trout
+bacon
+butter
+
+Wrap each fish in a slice of bacon and lay it into a dish.
+Dot it with butter and bake it for 20 minutes.
+)"));
+    EXPECT_THAT(texts(draft.ingredients), ElementsAre("Cleaned trout", "bacon", "butter"));
+    EXPECT_EQ(draft.steps.size(), 2);
+}
+
+TEST(RecipeTextParser, TakesNoRestOfASentenceForAHeading)
+{
+    const auto draft = RecipeTextParser::parse(page(R"(
+# Muffins
+Ingredients
+2 cups flour
+1 egg
+Directions
+1. Whisk together the dry
+ingredients: flour, sugar and salt.
+2. Add the egg.
+
+A note that stands apart behind the last step.
+)"));
+    EXPECT_THAT(texts(draft.ingredients), ElementsAre("2 cups flour", "1 egg"));
+    EXPECT_THAT(stepTexts(draft),
+                ElementsAre("Whisk together the dry ingredients: flour, sugar and salt.", "Add the egg."));
+}
+
+TEST(RecipeTextParser, TellsListsInLowerCaseFromWrappedLines)
+{
+    const auto ingredients = [](const char* list) {
+        return texts(RecipeTextParser::parse(
+                         page((std::string("# X\nIngredients\n") + list + "\nMethod\nGo.").c_str()))
+                         .ingredients);
+    };
+    EXPECT_THAT(ingredients("white wine: 350ml | 1 1/2 cup\nbutter\nsmoked bacon: 250g\nolive oil"),
+                ElementsAre("white wine: 350ml | 1 1/2 cup", "butter", "smoked bacon: 250g", "olive oil"));
+    EXPECT_THAT(
+        ingredients("250 g red lentils, rinsed and picked over\nfor small stones\n1 onion\n2 carrots"),
+        ElementsAre("250 g red lentils, rinsed and picked over for small stones", "1 onion", "2 carrots"));
+    EXPECT_THAT(
+        ingredients("3 łyżki śmietany\nsól\n1 can (14 oz or\n400 g) tomatoes\n1 kg beef, about 2\n1/4 lb"),
+        ElementsAre("3 łyżki śmietany", "sól", "1 can (14 oz or 400 g) tomatoes",
+                    "1 kg beef, about 2 1/4 lb"));
+}
+
 TEST(RecipeTextParser, TakesTheFirstOfSeveralRecipes)
 {
     const auto result = RecipeTextParser::parseFirst(page(R"(
