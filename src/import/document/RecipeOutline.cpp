@@ -414,7 +414,7 @@ qsizetype methodEnd(const QList<TextLine>& lines)
     if (expected <= 2) {
         return lines.size();
     }
-    for (qsizetype i = last + 2; i < lines.size(); ++i) {
+    for (qsizetype i = last + 1; i < lines.size(); ++i) {
         if (lines[i].startsBlock && lines[i].page == lines[i - 1].page &&
             LineShape::endsSentence(lines[i - 1].text) && !LineShape::numbered(lines[i].text)) {
             return i;
