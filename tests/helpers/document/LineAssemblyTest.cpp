@@ -1,0 +1,77 @@
+#include "helpers/document-reader/document/LineAssembly.h"
+
+#include "reader/DocumentMessage.h"
+
+using namespace ovrin;
+using namespace ovrin::documentreader;
+using testing::UnorderedElementsAre;
+
+namespace {
+
+Run run(const char* text, double x, double y, double width)
+{
+    return {QString::fromUtf8(text), {x, y, width, 10}};
+}
+
+std::vector<std::string> assembled(const QList<Run>& runs)
+{
+    std::vector<std::string> texts;
+    for (const Run& line : assembledLines(runs)) {
+        texts.push_back(line.text.toStdString());
+    }
+    return texts;
+}
+
+} // namespace
+
+TEST(LineAssembly, PutsAmountsBeforeWhatTheyMeasure)
+{
+    EXPECT_THAT(assembled({run("1 cup", 50, 0, 25), run("½", 50, 20, 6), run("rice", 100, 0, 20),
+                           run("lemon", 100, 20, 25), run("salt", 100, 40, 18)}),
+                UnorderedElementsAre("1 cup rice", "½ lemon", "salt"));
+    EXPECT_THAT(
+        assembled({run("1", 50, 0, 6), run("Boil the water and wait.", 80, 0, 120),
+                   run("until it sings", 80, 14, 70), run("2", 50, 28, 6), run("Add the tea.", 80, 28, 60)}),
+        UnorderedElementsAre("1 Boil the water and wait.", "until it sings", "2 Add the tea."));
+}
+
+TEST(LineAssembly, KeepsColumnsApart)
+{
+    EXPECT_THAT(assembled({run("2 eggs", 50, 0, 30), run("1 cup milk", 130, 0, 50),
+                           run("1 onion", 50, 20, 35), run("3 carrots", 130, 20, 45)}),
+                UnorderedElementsAre("2 eggs", "1 cup milk", "1 onion", "3 carrots"));
+    EXPECT_THAT(
+        assembled({run("A line of the left column", 50, 0, 120), run("and one of the right", 190, 0, 100)}),
+        UnorderedElementsAre("A line of the left column", "and one of the right"));
+}
+
+TEST(LineAssembly, JoinsWordsThatOnlyAWideSpaceParts)
+{
+    EXPECT_THAT(assembled({run("Serves", 50, 0, 30), run("four", 88, 1, 20), run("below", 88, 14, 20)}),
+                UnorderedElementsAre("Serves four", "below"));
+    EXPECT_TRUE(assembledLines({}).isEmpty());
+}
+
+TEST(LineAssembly, TakesLigaturesApartAndNothingElse)
+{
+    EXPECT_EQ(withoutLigatures(QString::fromUtf8("ﬀﬁﬂﬃﬄﬅﬆ ½ ℃ ①")),
+              QString::fromUtf8("fffiflffifflstst ½ ℃ ①"));
+}
+
+TEST(DocumentAnswer, GoesThereAndBackAndRefusesWhatIsBroken)
+{
+    const reader::DocumentAnswer answer{{{{QStringLiteral("Soup"), {0.1, 0.2, 0.3, 0.4}}}, {}}};
+    const QByteArray bytes = answer.encoded();
+    const auto decoded = reader::DocumentAnswer::decoded(bytes);
+    ASSERT_TRUE(decoded);
+    EXPECT_EQ(decoded->pages, answer.pages);
+    for (qsizetype size = 0; size < bytes.size(); ++size) {
+        EXPECT_FALSE(reader::DocumentAnswer::decoded(bytes.first(size))) << size;
+    }
+    EXPECT_FALSE(reader::DocumentAnswer::decoded(bytes + 'x'));
+    const reader::DocumentAnswer wild{
+        {{{QStringLiteral("x"), {0, 0, std::numeric_limits<double>::infinity(), 1}}}}};
+    EXPECT_FALSE(reader::DocumentAnswer::decoded(wild.encoded()));
+    const reader::DocumentAnswer many{QList<QList<reader::PageLine>>(reader::maximumPages + 1)};
+    EXPECT_FALSE(reader::DocumentAnswer::decoded(many.encoded()));
+}
