@@ -70,6 +70,9 @@ void Announcer::proceed(Elapsed now)
     dropLostBus();
     giveUpLate(now);
     if (m_announcements.empty()) {
+        // Asked anew for what comes next: word of another service may still be on its way when it is sent,
+        // and a service's own markup must never be taken for another's.
+        m_capabilities.reset();
         m_nextTry.reset();
         m_pause = 0;
         m_hasFailed = false;
