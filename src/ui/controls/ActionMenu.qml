@@ -8,17 +8,19 @@ T.Menu {
 
     property string label
 
-    implicitWidth: Math.max(180, contentItem.childrenRect.width, widest()) + leftPadding + rightPadding
+    property real widestItem: 0
+
+    implicitWidth: Math.max(180, widestItem) + leftPadding + rightPadding
     implicitHeight: contentItem.contentHeight + topPadding + bottomPadding
     padding: Theme.gap1 + 2
     margins: Theme.gap2
     overlap: Theme.gap1
 
-    function widest() {
+    onAboutToShow: {
         let width = 0
         for (let i = 0; i < count; ++i)
             width = Math.max(width, itemAt(i) ? itemAt(i).implicitWidth : 0)
-        return width
+        widestItem = width
     }
 
     delegate: ActionItem {}

@@ -8,6 +8,8 @@ T.TextField {
 
     property bool framed: true
     property string label
+    /// Takes what is pasted and says so, or leaves it to the field.
+    property var pasteHandler: null
 
     implicitHeight: framed ? Theme.controlHeight + 2 : Theme.rowHeight
     implicitWidth: 200
@@ -21,9 +23,18 @@ T.TextField {
     selectedTextColor: Theme.inkOnAccent
     selectByMouse: true
 
+    // A long text that nobody is typing in shows its beginning.
+    onTextChanged: if (!activeFocus) cursorPosition = 0
+    onActiveFocusChanged: if (!activeFocus) ensureVisible(0)
+
     Accessible.role: Accessible.EditableText
     Accessible.name: label === "" ? placeholderText : label
     Accessible.onPressAction: forceActiveFocus()
+
+    Keys.onPressed: event => {
+        if (event.matches(StandardKey.Paste) && pasteHandler)
+            event.accepted = pasteHandler()
+    }
 
     PlainText {
         x: control.leftPadding

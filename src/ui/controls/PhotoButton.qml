@@ -61,8 +61,6 @@ T.Button {
              : control.text === "" ? (control.hovered ? Theme.photoRoundHover : Theme.photoRound)
              : control.down ? Theme.photoPillPressed
              : control.hovered ? Theme.photoPillHover : Theme.photoPill
-        border.width: control.bright || control.text === "" ? 0 : Theme.hairline
-        border.color: Theme.photoPill
         opacity: control.bright && control.hovered ? 0.92 : 1
         Behavior on color { ColorAnimation { duration: Theme.quick; easing.type: Easing.OutCubic } }
         Rectangle {

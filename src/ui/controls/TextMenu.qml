@@ -48,7 +48,7 @@ Item {
                 visible: root.editable
                 text: qsTr("Paste")
                 enabled: root.target.canPaste ?? false
-                onTriggered: root.target.paste()
+                onTriggered: if (!root.target.pasteHandler || !root.target.pasteHandler()) root.target.paste()
             }
             ActionItem {
                 text: qsTr("Select All")

@@ -106,6 +106,15 @@ void EditorModel::pasteIngredients()
     m_ingredients.pasteList(m_pasteboard.text());
 }
 
+int EditorModel::pasteIntoIngredient(int row, int selectionStart, int selectionEnd)
+{
+    const QString pasted = m_pasteboard.text();
+    if (!IngredientRows::hasLineBreak(pasted) || row < 0 || row >= m_ingredients.lines().size())
+        return -1;
+    const QString before = m_ingredients.lines().at(row);
+    return m_ingredients.write(row, before.left(selectionStart) + pasted + before.mid(selectionEnd));
+}
+
 bool EditorModel::pastePhoto()
 {
     const std::optional<Pasteboard::Picture> picture = m_pasteboard.picture();

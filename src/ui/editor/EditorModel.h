@@ -95,6 +95,9 @@ public:
     void setTotalMinutes(const QString& text) { setMinutes(&RecipeDraft::totalMinutes, text); }
 
     Q_INVOKABLE void pasteIngredients();
+    /// Pastes a text of several lines over a part of a row's text. Returns the last row written; -1, and
+    /// nothing is changed, for a text of one line, which the field itself pastes.
+    Q_INVOKABLE int pasteIntoIngredient(int row, int selectionStart, int selectionEnd);
     /// Whether the pasteboard held a picture, which then becomes the photo.
     Q_INVOKABLE bool pastePhoto();
     Q_INVOKABLE void choosePhoto(const QUrl& file);

@@ -6,11 +6,16 @@ namespace ovrin {
 
 namespace {
 
+/// All that a text field or a pasteboard may mean by a line break.
+const QRegularExpression& lineBreak()
+{
+    static const QRegularExpression pattern(QStringLiteral("\r\n|[\n\r\v\f\u0085\u2028\u2029]"));
+    return pattern;
+}
+
 QStringList splitLines(const QString& text)
 {
-    // All that a text field or a pasteboard may mean by a line break.
-    static const QRegularExpression lineBreak(QStringLiteral("\r\n|[\n\r\v\f\u0085\u2028\u2029]"));
-    return text.split(lineBreak);
+    return text.split(lineBreak());
 }
 
 QString trimmed(QStringView text, QStringView characters)
@@ -114,6 +119,11 @@ void IngredientRows::move(int from, int to)
     m_lines.move(from, to);
     endMoveRows();
     Q_EMIT edited();
+}
+
+bool IngredientRows::hasLineBreak(const QString& text)
+{
+    return text.contains(lineBreak());
 }
 
 void IngredientRows::pasteList(const QString& text)

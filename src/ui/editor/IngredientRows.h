@@ -32,6 +32,7 @@ public:
     Q_INVOKABLE int insertAfter(int row);
     Q_INVOKABLE void remove(int row);
     Q_INVOKABLE void move(int from, int to);
+    static bool hasLineBreak(const QString& text);
     /// A pasted list: bullets are stripped, lines that are still empty make room, the pieces follow the
     /// others.
     void pasteList(const QString& text);

@@ -51,7 +51,8 @@ QImage rounded(const QImage& photo, int radius)
 
 QImage shapedPhoto(const QByteArray& jpeg, const PhotoShape& shape)
 {
-    if (shape.size.isEmpty())
+    // What cannot be a JPEG is not shown to its decoder, which complains aloud.
+    if (shape.size.isEmpty() || !jpeg.startsWith("\xff\xd8"))
         return {};
     const int side = shape.isBlurred ? blurredSide * 4 : decodeSide(jpeg, shape.size);
     const auto decoded = ImageProcessing::decoded(jpeg, side);

@@ -55,8 +55,13 @@ QString DirectionParagraph::richText(const QString& textColor, const QString& ac
                 .arg(isTimer ? accentColor : textColor, QString::number(weight),
                      isTimer ? QStringLiteral("underline") : QStringLiteral("none"),
                      link == focused ? QStringLiteral("background-color:") + focusColor : QString());
-        html += QStringLiteral("<a href=\"%1\" style=\"%2\">%3</a>")
-                    .arg(addressOf(segment).toHtmlEscaped(), style, words);
+        const QString glyph =
+            isTimer ? QStringLiteral("<img src=\"image://symbol/timer?%1\" width=\"15\" height=\"15\" "
+                                     "style=\"vertical-align:middle\">&nbsp;")
+                          .arg(accentColor.toHtmlEscaped())
+                    : QString();
+        html += glyph + QStringLiteral("<a href=\"%1\" style=\"%2\">%3</a>")
+                            .arg(addressOf(segment).toHtmlEscaped(), style, words);
         ++link;
     }
     return html;

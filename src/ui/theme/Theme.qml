@@ -40,9 +40,9 @@ QtObject {
     readonly property color photoWhite: "#FFFFFF"
     readonly property color photoInk: "#211D19"
     readonly property color photoFaint: "#99FFFFFF"
-    readonly property color photoPill: "#52463F3A"
-    readonly property color photoPillHover: "#7A463F3A"
-    readonly property color photoPillPressed: "#99463F3A"
+    readonly property color photoPill: "#33FFFFFF"
+    readonly property color photoPillHover: "#4DFFFFFF"
+    readonly property color photoPillPressed: "#5CFFFFFF"
     readonly property color photoRound: "#8C1E1814"
     readonly property color photoRoundHover: "#B31E1814"
     readonly property color cardMark: "#59000000"
@@ -84,7 +84,8 @@ QtObject {
 
     // Widths that the layout turns on.
     readonly property int sidebarMinimum: 180
-    readonly property int sidebarIdeal: Math.round(216 * Math.min(textScale, 1.25))
+    readonly property int sidebarIdeal: Math.round(200 * Math.min(textScale, 1.25))
+    readonly property int sidebarFolded: 60
     readonly property int sidebarFoldsBelow: 720
     readonly property int contentMaximum: 1400
     readonly property int cardMinimum: 170

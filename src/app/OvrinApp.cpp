@@ -1,0 +1,108 @@
+#include "app/OvrinApp.h"
+
+#include "app/WindowPlace.h"
+#include "import/error/RecipeImportError.h"
+#include "platform/notifications/DesktopNotificationCenter.h"
+#include "platform/reader/DocumentReader.h"
+#include "ui/Views.h"
+
+#include <QtCore/QStandardPaths>
+#include <QtQml/QQmlComponent>
+#include <QtQuick/QQuickWindow>
+
+namespace ovrin {
+
+OvrinApp::Folders OvrinApp::Folders::usual(const QString& library)
+{
+    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    const QString group = QStringLiteral(OVRIN_APP_GROUP);
+    return {QCoreApplication::applicationDirPath(),
+            library.isEmpty() ? data + QStringLiteral("/ovrin") : library,
+            group.isEmpty() ? std::nullopt : std::optional(data + u'/' + group + QStringLiteral("/Inbox"))};
+}
+
+OvrinApp::OvrinApp(std::unique_ptr<RecipeStore> store, const Folders& folders)
+    : m_store(std::move(store))
+    , m_pages(folders.program)
+    , m_importer(importServices(folders))
+    , m_notifications(std::make_unique<DesktopNotificationCenter>(DesktopNotificationCenter::surroundings(
+          findHelper(folders.program, QStringLiteral("ovrin-notifier")))))
+    , m_timers([] { return QDateTime::currentDateTimeUtc(); }, *m_notifications)
+    , m_photos(*m_store)
+    , m_model(windowServices())
+{
+    m_notifications->setDelegate(&m_presenter);
+    prepareViews(m_engine, m_photos, m_draftPhotos);
+    connect(&m_timers, &CookTimers::recipeWanted, this, [this](const CookTimers::Running& timer) {
+        m_model.openRecipe(timer.recipeId.toString(QUuid::WithoutBraces));
+    });
+}
+
+OvrinApp::~OvrinApp() = default;
+
+ImportCoordinator::Services OvrinApp::importServices(const Folders& folders)
+{
+    return {*m_store,
+            [this](QUrl url, std::stop_token stop) {
+                return m_pages.importer().fetchDraft(std::move(url), stop);
+            },
+            [](QString, std::stop_token) -> QCoro::Task<RecipeDraft> {
+                throw RecipeImportError::unsupportedFile();
+                co_return RecipeDraft();
+            },
+            [](QByteArray, QString, std::stop_token) -> QCoro::Task<RecipeDraft> {
+                throw RecipeImportError::unsupportedFile();
+                co_return RecipeDraft();
+            },
+            m_pages.photos(),
+            systemNow,
+            folders.inbox,
+            folders.library + QStringLiteral("/Review")};
+}
+
+LibraryWindow::Services OvrinApp::windowServices()
+{
+    return {*m_store,
+            m_importer,
+            m_pages.photos(),
+            m_photos,
+            m_draftPhotos,
+            m_pasteboard,
+            m_desktop,
+            m_flags,
+            m_appearance,
+            DraftKeeper(m_store->folder() + QStringLiteral("/Unsaved.json")),
+            QLocale(),
+            &m_timers,
+            {},
+            {},
+            false};
+}
+
+bool OvrinApp::openWindow()
+{
+    QQmlComponent component(&m_engine, mainWindowUrl());
+    if (!component.isReady()) {
+        qCritical("%s", qPrintable(component.errorString()));
+        return false;
+    }
+    m_window.reset(
+        component.createWithInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&m_model)}}));
+    auto* const window = qobject_cast<QQuickWindow*>(m_window.get());
+    if (!window)
+        return false;
+    m_place = std::make_unique<WindowPlace>(*window, m_settings, QStringLiteral("libraryWindow"));
+    window->show();
+    return true;
+}
+
+void OvrinApp::handle(const QUrl& url)
+{
+    m_model.handle(url);
+    if (auto* const window = qobject_cast<QQuickWindow*>(m_window.get())) {
+        window->raise();
+        window->requestActivate();
+    }
+}
+
+} // namespace ovrin

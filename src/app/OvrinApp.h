@@ -1,0 +1,78 @@
+#pragma once
+
+#include "cooking/CookTimers.h"
+#include "cooking/NotificationPresenter.h"
+#include "import/ImportCoordinator.h"
+#include "platform/desktop/PortalAppearance.h"
+#include "platform/desktop/QtDesktopActions.h"
+#include "platform/desktop/QtPasteboard.h"
+#include "platform/desktop/SettingsFlags.h"
+#include "services/PageImport.h"
+#include "ui/images/DraftPhotos.h"
+#include "ui/images/RecipePhotos.h"
+#include "ui/library/LibraryWindow.h"
+
+#include <QtCore/QSettings>
+#include <QtQml/QQmlEngine>
+
+namespace ovrin {
+
+class WindowPlace;
+
+/// The running application: makes the services, hands them over, opens the library window.
+class OvrinApp : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct Folders
+    {
+        /// Where this program lies; its helpers are found from there.
+        QString program;
+        /// `Library.sqlite` and what belongs to it.
+        QString library;
+        /// The drafts of companions; nothing without a group.
+        std::optional<QString> inbox;
+
+        static Folders usual(const QString& library);
+    };
+
+    /// `store` is open. Made once, on the main thread.
+    OvrinApp(std::unique_ptr<RecipeStore> store, const Folders& folders);
+    ~OvrinApp() override;
+
+    /// False when the window cannot be made, which only a broken installation brings about.
+    bool openWindow();
+    /// Something to tell the user once the window stands.
+    void say(const QString& message) { m_model.say(message); }
+    void createRecipe() { m_model.createRecipe(); }
+    void showImportSheet() { Q_EMIT m_model.importSheetWanted(); }
+    /// A file or a link from outside.
+    void handle(const QUrl& url);
+
+private:
+    ImportCoordinator::Services importServices(const Folders& folders);
+    LibraryWindow::Services windowServices();
+
+    std::unique_ptr<RecipeStore> m_store;
+    PageImport m_pages;
+    ImportCoordinator m_importer;
+    NotificationPresenter m_presenter;
+    std::unique_ptr<UserNotificationCenter> m_notifications;
+    CookTimers m_timers;
+
+    QSettings m_settings;
+    SettingsFlags m_flags{m_settings};
+    PortalAppearance m_appearance;
+    QtPasteboard m_pasteboard;
+    QtDesktopActions m_desktop;
+    RecipePhotos m_photos;
+    DraftPhotos m_draftPhotos;
+    LibraryWindow m_model;
+    /// Above what it shows, so that it goes first.
+    QQmlEngine m_engine;
+    std::unique_ptr<QObject> m_window;
+    std::unique_ptr<WindowPlace> m_place;
+};
+
+} // namespace ovrin

@@ -1,0 +1,33 @@
+#include "ui/Views.h"
+
+#include "ui/images/DraftPhotos.h"
+#include "ui/images/PhotoProvider.h"
+#include "ui/images/RecipePhotos.h"
+#include "ui/images/SymbolProvider.h"
+
+#include <QtQml/QQmlEngine>
+
+// Made by Qt's build step. Nothing else refers to it, and a linker takes from a library only what is referred
+// to.
+void qml_register_types_Ovrin();
+
+namespace ovrin {
+
+void prepareViews(QQmlEngine& engine, RecipePhotos& photos, DraftPhotos& drafts)
+{
+    qml_register_types_Ovrin();
+    engine.addImportPath(QStringLiteral(":/"));
+    engine.addImageProvider(QStringLiteral("symbol"), new SymbolProvider);
+    const auto bytes = [&photos, &drafts](const QString& key) {
+        const QString rest = key.section(u'/', 1);
+        return key.startsWith(QStringLiteral("draft/")) ? drafts.bytes(rest) : photos.bytes(rest);
+    };
+    engine.addImageProvider(QStringLiteral("photo"), new PhotoProvider(&photos, bytes));
+}
+
+QUrl mainWindowUrl()
+{
+    return QUrl(QStringLiteral("qrc:/Ovrin/library/MainWindow.qml"));
+}
+
+} // namespace ovrin

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QtCore/QUrl>
+
+QT_BEGIN_NAMESPACE
+class QQmlEngine;
+QT_END_NAMESPACE
+
+namespace ovrin {
+
+class DraftPhotos;
+class RecipePhotos;
+
+/// Gives `engine` all that the views ask it for: the module `Ovrin`, symbols and photos. The photos outlive
+/// it.
+void prepareViews(QQmlEngine& engine, RecipePhotos& photos, DraftPhotos& drafts);
+
+/// The library window's QML; its required property `model` is a LibraryWindow.
+QUrl mainWindowUrl();
+
+} // namespace ovrin

@@ -1,0 +1,17 @@
+import QtQuick
+import Ovrin
+
+/* Makes the editor's sheet when there is something to edit. */
+Item {
+    id: root
+
+    required property LibraryWindow model
+
+    function load() { return loader.item }
+
+    Loader {
+        id: loader
+        active: root.model.editor.isOpen
+        sourceComponent: EditorSheet { model: root.model }
+    }
+}

@@ -1,0 +1,111 @@
+import QtQuick
+import Ovrin
+
+/* Everything in the library window: the sidebar, the grid or a recipe, and the sheets over them. */
+FocusScope {
+    id: content
+
+    required property LibraryWindow model
+    readonly property bool hasUnsavedWords: model.editor.isOpen && model.editor.isChanged
+    readonly property bool isFree: !model.editor.isOpen && !importing.isOpen && failureAlert.text === ""
+                                   && !shortcuts.isOpen && !page.hasSheet
+    readonly property Item grid: grid
+
+    signal quitRequested()
+
+    function askToDiscard(then) { editing.load().askToDiscard(then) }
+
+    Component.onCompleted: model.appear()
+
+    LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.childrenInherit: true
+
+    Row {
+        anchors.fill: parent
+        Sidebar {
+            id: sidebar
+            height: parent.height
+            isFolded: content.width < Theme.sidebarFoldsBelow
+            model: content.model
+        }
+        FocusScope {
+            id: detail
+            width: content.width - sidebar.width
+            height: parent.height
+            focus: true
+            clip: true
+
+            RecipeGrid {
+                id: grid
+                anchors.fill: parent
+                visible: !content.model.recipe.isShown
+                focus: !content.model.recipe.isShown
+                model: content.model
+                onImportRequested: importing.open()
+                onFileRequested: files.openForDocument()
+                onPhotoRequested: files.openForPhoto()
+            }
+            RecipePageLoader {
+                id: page
+                anchors.fill: parent
+                model: content.model
+                onClosed: grid.takeFocus()
+            }
+        }
+    }
+
+    Notices {
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: Theme.gap6
+        width: Math.min(parent.width - Theme.gap8, 520)
+        model: content.model
+    }
+
+    DropArea {
+        id: drops
+        anchors.fill: parent
+        enabled: content.isFree
+        onEntered: drag => drag.accepted = drag.hasUrls || drag.hasText
+        onDropped: drop => drop.accepted = content.model.drop(drop.urls, drop.text)
+        Rectangle {
+            anchors.fill: parent
+            anchors.margins: Theme.gap2
+            visible: drops.containsDrag
+            color: "transparent"
+            radius: Theme.radiusCard
+            border.width: Theme.ringWidth + 1
+            border.color: Theme.accent
+        }
+    }
+
+    ImportSheetLoader { id: importing; objectName: "importSheet"; model: content.model }
+    EditorSheetLoader { id: editing; model: content.model }
+    ShortcutSheetLoader { id: shortcuts; objectName: "shortcutSheet"; model: content.model }
+    FileDialogs { id: files; model: content.model }
+
+    Alert {
+        id: failureAlert
+        readonly property string text: content.model.failure
+        visible: text !== ""
+        title: qsTr("Couldn’t Import Recipe")
+        message: text
+        confirmText: qsTr("Add Manually")
+        onConfirmed: content.model.addManually()
+        onCancelled: content.model.dismissFailure()
+    }
+
+    Connections {
+        target: content.model
+        function onImportSheetWanted() { importing.open() }
+    }
+    Commands {
+        model: content.model
+        isFree: content.isFree
+        onImportRequested: importing.open()
+        onFileRequested: files.openForDocument()
+        onSearchRequested: grid.search()
+        onShortcutsRequested: shortcuts.open()
+        onQuitRequested: content.quitRequested()
+    }
+}

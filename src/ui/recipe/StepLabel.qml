@@ -1,0 +1,8 @@
+import QtQuick
+import Ovrin
+
+PlainText {
+    font: Theme.stepLabel
+    color: Theme.secondary
+    Accessible.role: Accessible.Heading
+}
