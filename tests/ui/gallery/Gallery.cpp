@@ -1,0 +1,223 @@
+// Writes pictures of the interface, to be looked at: ovrin-gallery OUT [--photos DIR] [--only TEXT]
+#include "ui/support/SampleLibrary.h"
+#include "ui/support/WindowFixture.h"
+
+#include <QtCore/QCommandLineParser>
+#include <QtCore/QDir>
+#include <QtCore/QElapsedTimer>
+#include <QtGui/QGuiApplication>
+#include <QtQml/QQmlComponent>
+#include <QtQml/QQmlEngine>
+#include <QtQuick/QQuickItem>
+#include <QtQuick/QQuickWindow>
+
+#include <cstdio>
+
+using namespace ovrin;
+
+namespace {
+
+struct Scene
+{
+    QString name;
+    QList<int> widths;
+    int recipes = 0;
+    /// Run when the window stands; what it shows afterwards is the picture.
+    std::function<void(WindowFixture&, LibraryWindow&, QQuickWindow&)> arrange = {};
+    /// Run before it stands.
+    std::function<void(WindowFixture&)> seed = {};
+};
+
+void wait(int milliseconds)
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (timer.elapsed() < milliseconds)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+}
+
+void call(QQuickWindow& window, const char* object, const char* function)
+{
+    if (auto* const item = window.findChild<QObject*>(QString::fromLatin1(object)))
+        QMetaObject::invokeMethod(item, function);
+}
+
+void openFirst(LibraryWindow& model)
+{
+    model.openRecipe(model.library()->index(0).data(LibraryModel::RecipeIdRole).toString());
+}
+
+const QList<int> allWidths{640, 900, 1180, 1920};
+
+QList<Scene> scenes()
+{
+    const auto openRecipe = [](WindowFixture&, LibraryWindow& model, QQuickWindow&) { openFirst(model); };
+    const auto withPhoto = [](QSize size, const QString& title = {}) {
+        return [size, title](WindowFixture& fixture) {
+            RecipeDraft draft = fullRecipe();
+            if (!title.isEmpty())
+                draft.title = title;
+            if (!size.isEmpty())
+                draft.imageData = toJpeg(drawnDish(3, size));
+            fixture.library.add(draft);
+        };
+    };
+    return {
+        {u"empty"_qs, allWidths, 0},
+        {u"one"_qs, {1180}, 1},
+        {u"library"_qs, allWidths, 200},
+        {u"focus"_qs,
+         {1180},
+         30,
+         [](WindowFixture&, LibraryWindow&, QQuickWindow& window) {
+             auto* const grid = window.findChild<QQuickItem*>(u"grid"_qs);
+             grid->setProperty("currentIndex", 5);
+             grid->forceActiveFocus(Qt::TabFocusReason);
+         }},
+        {u"nothing-found"_qs,
+         {900},
+         30,
+         [](WindowFixture&, LibraryWindow& model, QQuickWindow&) {
+             model.library()->setSearch(u"nutmeg grater"_qs);
+         }},
+        {u"importing"_qs,
+         {640, 1180},
+         30,
+         [](WindowFixture& fixture, LibraryWindow& model, QQuickWindow&) {
+             fixture.isHeld = true;
+             model.drop({QUrl(u"https://casaemilia.example.org/lasagna"_qs)}, {});
+             model.deleteRecipe(model.library()->index(2).data(LibraryModel::RecipeIdRole).toString());
+         }},
+        {u"recipe"_qs, allWidths, 0, openRecipe, withPhoto({1200, 900})},
+        {u"recipe-portrait"_qs, {900, 1180}, 0, openRecipe, withPhoto({700, 1200})},
+        {u"recipe-no-photo"_qs, {640, 1180}, 0, openRecipe, withPhoto({})},
+        {u"recipe-long-title"_qs,
+         {640, 1180},
+         0,
+         openRecipe,
+         withPhoto({1200, 900}, u"An Extraordinarily Long Title That Goes On "_qs.repeated(46))},
+        {u"recipe-scaled"_qs,
+         {1180},
+         0,
+         [](WindowFixture&, LibraryWindow& model, QQuickWindow&) {
+             openFirst(model);
+             model.recipe()->setScale(1.5);
+             model.recipe()->setNotes(u"Double the white sauce.\nSheets from the good shop."_qs);
+             model.recipe()->recordCook();
+         },
+         withPhoto({1200, 900})},
+        {u"editor"_qs,
+         {640, 1180},
+         30,
+         [](WindowFixture&, LibraryWindow& model, QQuickWindow&) {
+             openFirst(model);
+             model.editRecipe();
+         }},
+        {u"editor-ingredients"_qs,
+         {1180},
+         30,
+         [](WindowFixture&, LibraryWindow& model, QQuickWindow& window) {
+             openFirst(model);
+             model.editRecipe();
+             wait(400);
+             if (auto* const form = window.findChild<QObject*>(u"editorForm"_qs))
+                 form->setProperty("contentY", 560);
+         }},
+        {u"editor-new"_qs,
+         {1180},
+         30,
+         [](WindowFixture&, LibraryWindow& model, QQuickWindow&) { model.createRecipe(); }},
+        {u"review"_qs,
+         {1180},
+         30,
+         [](WindowFixture& fixture, LibraryWindow& model, QQuickWindow&) {
+             fixture.imported = fullRecipe();
+             fixture.imported->imageData.reset();
+             for (const QString& file :
+                  {u"file:///tmp/a.pdf"_qs, u"file:///tmp/b.pdf"_qs, u"file:///tmp/c.pdf"_qs})
+                 model.drop({QUrl(file)}, {});
+         }},
+        {u"import-sheet"_qs,
+         {640, 1180},
+         30,
+         [](WindowFixture&, LibraryWindow&, QQuickWindow& window) { call(window, "importSheet", "open"); }},
+        {u"shortcuts"_qs,
+         {1180},
+         30,
+         [](WindowFixture&, LibraryWindow&, QQuickWindow& window) { call(window, "shortcutSheet", "open"); }},
+        {u"failure"_qs,
+         {1180},
+         30,
+         [](WindowFixture&, LibraryWindow& model, QQuickWindow&) {
+             model.drop({QUrl(u"https://example.org/nothing"_qs)}, {});
+         }},
+    };
+}
+
+void shoot(const Scene& scene, int width, bool dark, const QList<QByteArray>& photos, const QDir& out)
+{
+    WindowFixture fixture;
+    fixture.appearance.setDark(dark);
+    fixture.appearance.setMotionReduced(true);
+    fixture.flags.setFlag(u"didSeedSampleRecipes"_qs, true);
+    fill(fixture.library, scene.recipes, photos);
+    if (scene.seed)
+        scene.seed(fixture);
+    if (!photos.isEmpty() && fixture.library.store().count() == 1 &&
+        fixture.library.store().at(0)->hasImage() && !scene.name.contains(u"portrait"_qs))
+        fixture.library.store().at(0)->setImageData(photos.first());
+    const auto model = fixture.makeWindow();
+    QQmlEngine engine;
+    fixture.prepare(engine);
+    QQmlComponent component(&engine, mainWindowUrl());
+    if (!component.isReady())
+        qFatal("%s", qPrintable(component.errorString()));
+    const std::unique_ptr<QObject> root(
+        component.createWithInitialProperties({{u"model"_qs, QVariant::fromValue(model.get())}}));
+    auto* const window = qobject_cast<QQuickWindow*>(root.get());
+    if (!window)
+        qFatal("%s", qPrintable(component.errorString()));
+    window->resize(width, width > 1300 ? 1080 : width < 700 ? 720 : 820);
+    window->show();
+    wait(200);
+    if (scene.arrange)
+        scene.arrange(fixture, *model, *window);
+    wait(900);
+    const QString file = u"%1-%2-%3.png"_qs.arg(scene.name).arg(width).arg(dark ? u"dark"_qs : u"light"_qs);
+    window->grabWindow().save(out.filePath(file));
+    std::printf("%s\n", qPrintable(file));
+    fixture.isHeld = false;
+    wait(20);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QGuiApplication application(argc, argv);
+    QCommandLineParser parser;
+    const QCommandLineOption photosOption(u"photos"_qs, u"Photos to use."_qs, u"folder"_qs);
+    const QCommandLineOption onlyOption(u"only"_qs, u"Scenes whose name contains this."_qs, u"text"_qs);
+    parser.addOptions({photosOption, onlyOption});
+    parser.addPositionalArgument(u"out"_qs, u"Folder to write to."_qs);
+    parser.addHelpOption();
+    parser.process(application);
+    if (parser.positionalArguments().size() != 1)
+        parser.showHelp(2);
+    const QDir out(parser.positionalArguments().first());
+    out.mkpath(u"."_qs);
+    QList<QByteArray> photos;
+    if (parser.isSet(photosOption)) {
+        const QDir folder(parser.value(photosOption));
+        for (const QString& name :
+             folder.entryList({u"*.jpg"_qs, u"*.jpeg"_qs, u"*.png"_qs, u"*.webp"_qs}, QDir::Files))
+            if (const QImage image(folder.filePath(name)); !image.isNull() && photos.size() < 24)
+                photos.append(toJpeg(image));
+    }
+    for (const Scene& scene : scenes())
+        for (const int width : scene.widths)
+            for (const bool dark : {false, true})
+                if (scene.name.contains(parser.value(onlyOption)))
+                    shoot(scene, width, dark, photos, out);
+    return 0;
+}

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "import/ImportCoordinator.h"
+#include "import/error/RecipeImportError.h"
+#include "ui/Views.h"
+#include "ui/images/DraftPhotos.h"
+#include "ui/images/RecipePhotos.h"
+#include "ui/library/LibraryWindow.h"
+#include "ui/support/Fakes.h"
+#include "ui/support/Library.h"
+
+#include <QCoro/QCoroTimer>
+#include <QtQml/QQmlEngine>
+
+namespace ovrin {
+
+/// The window's whole model over a library of its own, with importers that give what they are told to.
+class WindowFixture
+{
+public:
+    Library library;
+    RecipePhotos photos{library.store()};
+    DraftPhotos draftPhotos;
+    FakePhotoMaker photoMaker;
+    FakePasteboard pasteboard;
+    FakeDesktop desktop;
+    FakeFlags flags;
+    Appearance appearance;
+
+    /// What an import gives; without one it fails.
+    std::optional<RecipeDraft> imported;
+    /// While set, imports do not end.
+    bool isHeld = false;
+    QStringList requests;
+
+    ImportCoordinator importer{services()};
+
+    std::unique_ptr<LibraryWindow> makeWindow()
+    {
+        return std::make_unique<LibraryWindow>(
+            LibraryWindow::Services{library.store(),
+                                    importer,
+                                    photoMaker,
+                                    photos,
+                                    draftPhotos,
+                                    pasteboard,
+                                    desktop,
+                                    flags,
+                                    appearance,
+                                    DraftKeeper(library.path(QStringLiteral("kept.json"))),
+                                    QLocale::c(),
+                                    nullptr,
+                                    {},
+                                    {},
+                                    true});
+    }
+
+    void prepare(QQmlEngine& engine) { prepareViews(engine, photos, draftPhotos); }
+
+private:
+    ImportCoordinator::Services services()
+    {
+        const auto answer = [this](QString request) -> QCoro::Task<RecipeDraft> {
+            requests.append(request);
+            while (isHeld) {
+                QTimer pause;
+                pause.start(1);
+                co_await pause;
+            }
+            if (!imported)
+                throw RecipeImportError::noRecipeFound();
+            co_return *imported;
+        };
+        return {library.store(),
+                [answer](QUrl url, std::stop_token) { return answer(url.toString()); },
+                [answer](QString path, std::stop_token) { return answer(path); },
+                [answer](QByteArray, QString type, std::stop_token) { return answer(type); },
+                photoMaker,
+                [this] { return library.store().now(); },
+                std::nullopt,
+                library.path(QStringLiteral("Review"))};
+    }
+};
+
+} // namespace ovrin
