@@ -1,7 +1,8 @@
 #include "app/OvrinApp.h"
 
+#include "app/Groceries.h"
 #include "app/WindowPlace.h"
-#include "import/error/RecipeImportError.h"
+#include "platform/inhibit/DisplayAwake.h"
 #include "platform/notifications/DesktopNotificationCenter.h"
 #include "platform/reader/DocumentReader.h"
 #include "ui/Views.h"
@@ -24,12 +25,15 @@ OvrinApp::Folders OvrinApp::Folders::usual(const QString& library)
 OvrinApp::OvrinApp(std::unique_ptr<RecipeStore> store, const Folders& folders)
     : m_store(std::move(store))
     , m_pages(folders.program)
+    , m_textLayer(findHelper(folders.program, QStringLiteral("document-reader")))
     , m_importer(importServices(folders))
     , m_notifications(std::make_unique<DesktopNotificationCenter>(DesktopNotificationCenter::surroundings(
           findHelper(folders.program, QStringLiteral("ovrin-notifier")))))
     , m_timers([] { return QDateTime::currentDateTimeUtc(); }, *m_notifications)
     , m_photos(*m_store)
     , m_model(windowServices())
+    , m_cookWindows({m_engine, *m_store, m_photos, m_timers,
+                     [] { return std::make_shared<DisplayAwake>(tr("Cooking")); }})
 {
     m_notifications->setDelegate(&m_presenter);
     prepareViews(m_engine, m_photos, m_draftPhotos);
@@ -46,13 +50,9 @@ ImportCoordinator::Services OvrinApp::importServices(const Folders& folders)
             [this](QUrl url, std::stop_token stop) {
                 return m_pages.importer().fetchDraft(std::move(url), stop);
             },
-            [](QString, std::stop_token) -> QCoro::Task<RecipeDraft> {
-                throw RecipeImportError::unsupportedFile();
-                co_return RecipeDraft();
-            },
-            [](QByteArray, QString, std::stop_token) -> QCoro::Task<RecipeDraft> {
-                throw RecipeImportError::unsupportedFile();
-                co_return RecipeDraft();
+            [this](QString path, std::stop_token stop) { return m_documents.draft(std::move(path), stop); },
+            [this](QByteArray bytes, QString type, std::stop_token stop) {
+                return m_documents.draft(std::move(bytes), std::move(type), stop);
             },
             m_pages.photos(),
             systemNow,
@@ -74,8 +74,9 @@ LibraryWindow::Services OvrinApp::windowServices()
             DraftKeeper(m_store->folder() + QStringLiteral("/Unsaved.json")),
             QLocale(),
             &m_timers,
-            {},
-            {},
+            [this](QUuid recipe) { m_cookWindows.open(recipe); },
+            addToGroceries,
+            true,
             false};
 }
 

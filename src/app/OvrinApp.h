@@ -3,11 +3,15 @@
 #include "cooking/CookTimers.h"
 #include "cooking/NotificationPresenter.h"
 #include "import/ImportCoordinator.h"
+#include "import/document/DocumentRecipeImporter.h"
 #include "platform/desktop/PortalAppearance.h"
 #include "platform/desktop/QtDesktopActions.h"
 #include "platform/desktop/QtPasteboard.h"
 #include "platform/desktop/SettingsFlags.h"
+#include "platform/languagemodel/LoopbackLanguageModel.h"
+#include "platform/reader/ReaderPdfTextLayer.h"
 #include "services/PageImport.h"
+#include "ui/cook/CookWindows.h"
 #include "ui/images/DraftPhotos.h"
 #include "ui/images/RecipePhotos.h"
 #include "ui/library/LibraryWindow.h"
@@ -56,6 +60,9 @@ private:
 
     std::unique_ptr<RecipeStore> m_store;
     PageImport m_pages;
+    ReaderPdfTextLayer m_textLayer;
+    LoopbackLanguageModel m_languageModel;
+    DocumentRecipeImporter m_documents{m_textLayer, m_languageModel};
     ImportCoordinator m_importer;
     NotificationPresenter m_presenter;
     std::unique_ptr<UserNotificationCenter> m_notifications;
@@ -73,6 +80,7 @@ private:
     QQmlEngine m_engine;
     std::unique_ptr<QObject> m_window;
     std::unique_ptr<WindowPlace> m_place;
+    CookWindows m_cookWindows;
 };
 
 } // namespace ovrin

@@ -39,6 +39,7 @@ class LibraryWindow : public QObject
     Q_PROPERTY(QString message READ message NOTIFY messageChanged)
     Q_PROPERTY(bool canCook READ canCook CONSTANT)
     Q_PROPERTY(bool canImportFiles READ canImportFiles CONSTANT)
+    Q_PROPERTY(bool canImportPictures READ canImportPictures CONSTANT)
     Q_PROPERTY(bool canAddGroceries READ canAddGroceries CONSTANT)
     Q_PROPERTY(QString groceryMessage READ groceryMessage NOTIFY groceryMessageChanged)
     Q_PROPERTY(bool isReviewing READ isReviewing NOTIFY reviewingChanged)
@@ -65,8 +66,10 @@ public:
         /// Opens the cook window; without it the commands that lead there are not offered.
         std::function<void(QUuid)> cook;
         AddGroceries addGroceries;
-        /// Whether PDFs and pictures can be read.
+        /// Whether PDFs can be read.
         bool importsFiles = false;
+        /// Whether pictures can be.
+        bool importsPictures = false;
     };
     explicit LibraryWindow(Services services, QObject* parent = nullptr);
     ~LibraryWindow() override;
@@ -86,6 +89,7 @@ public:
     /// Something to say in passing; empty when there is nothing.
     const QString& message() const { return m_message; }
     bool canCook() const { return static_cast<bool>(m_services.cook); }
+    bool canImportPictures() const { return m_services.importsPictures; }
     bool canImportFiles() const { return m_services.importsFiles; }
     bool canAddGroceries() const { return static_cast<bool>(m_services.addGroceries); }
     const QString& groceryMessage() const { return m_groceryMessage; }

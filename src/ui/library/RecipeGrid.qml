@@ -75,7 +75,7 @@ FocusScope {
                     onTriggered: root.fileRequested()
                 }
                 ActionItem {
-                    visible: root.model.canImportFiles
+                    visible: root.model.canImportPictures
                     text: qsTr("Import Screenshot or Photo…"); symbol: "photo.on.rectangle"
                     onTriggered: root.photoRequested()
                 }

@@ -125,6 +125,16 @@ FocusScope {
         model: page.model
         onDeleteRequested: deletion.open()
     }
+    Loader {
+        active: page.model.timers !== null
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+        anchors.margins: Theme.gap6
+        sourceComponent: TimerTray {
+            timers: page.model.timers
+            maximumHeight: page.height / 2
+        }
+    }
     NotesSheetLoader { id: notes; objectName: "notesSheet"; model: page.model }
     Alert {
         id: deletion

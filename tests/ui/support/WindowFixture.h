@@ -52,6 +52,7 @@ public:
                                     nullptr,
                                     {},
                                     {},
+                                    true,
                                     true});
     }
 
