@@ -15,9 +15,9 @@ _ovrin_cli() {
         esac
     done
     case $verb in
-        '') COMPREPLY=($(compgen -W 'draft scale value segments parse clean minutes library --store --help --version' -- "$word")) ;;
+        '') COMPREPLY=($(compgen -W 'draft lines scale value segments parse clean minutes library --store --help --version' -- "$word")) ;;
         draft) COMPREPLY=($(compgen -W '--batch --static --no-photo --page-url --help' -- "$word") $(compgen -f -- "$word")) ;;
-        segments | 'library add' | 'library import'*) COMPREPLY=($(compgen -f -- "$word")) ;;
+        lines | segments | 'library add' | 'library import'*) COMPREPLY=($(compgen -f -- "$word")) ;;
         library) COMPREPLY=($(compgen -W "$library" -- "$word")) ;;
         'library list') COMPREPLY=($(compgen -W '--filter --search --json --help' -- "$word")) ;;
         'library show') COMPREPLY=($(compgen -W "--scale --json --help $(ovrin-cli library list 2>/dev/null | cut -d' ' -f1)" -- "$word")) ;;

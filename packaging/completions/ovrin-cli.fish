@@ -1,5 +1,5 @@
 # Completion of ovrin-cli for fish.
-set -l verbs draft scale value segments parse clean minutes library
+set -l verbs draft lines scale value segments parse clean minutes library
 set -l library list show add import remove check groceries
 complete -c ovrin-cli -l store -r -d 'a library folder other than your own'
 complete -c ovrin-cli -l help -d 'what it does'

@@ -51,9 +51,16 @@ int draft(const Arguments& arguments, const Console& console)
     const SourceOptions options{.rendersPages = !arguments.has(QStringLiteral("static")),
                                 .fetchesPhotos = !arguments.has(QStringLiteral("no-photo")),
                                 .pageUrl = arguments.value(QStringLiteral("page-url"))};
-    const Imported imported = importSource(arguments.required(0, QStringLiteral("SOURCE")), options);
+    const Imported imported = importSource(arguments.required(0, QStringLiteral("SOURCE")), options, console);
     console.print(imported.draft.toJson());
     return imported.needsReview ? NeedsReview : Done;
+}
+
+/// The lines that a document's recipe is read from.
+int lines(const Arguments& arguments, const Console& console)
+{
+    console.print(TextLines::toJson(linesOf(arguments.required(0, QStringLiteral("FILE")))));
+    return Done;
 }
 
 } // namespace
@@ -70,9 +77,15 @@ QList<Verb> draftVerbs()
          QStringLiteral("read {\"path\", \"url\"} lines of saved pages instead")},
     };
     return {{QStringLiteral("draft"), QStringLiteral("draft SOURCE | draft --batch"),
-             QStringLiteral("Reads SOURCE, a web address or a saved .html page with its --page-url,\n"
-                            "and prints the draft of its recipe as JSON."),
-             options, 1, draft}};
+             QStringLiteral("Reads SOURCE, a web address, a document or a saved .html page with its\n"
+                            "--page-url, and prints the draft of its recipe as JSON."),
+             options, 1, draft},
+            {QStringLiteral("lines"),
+             QStringLiteral("lines FILE"),
+             QStringLiteral("Prints the lines of a document in reading order as JSON."),
+             {},
+             1,
+             lines}};
 }
 
 } // namespace ovrin::cli

@@ -128,7 +128,7 @@ int import(const QString& source, RecipeStore& store, const Console& console)
     const auto address = webAddress(source);
     RecipePtr recipe = address ? store.existingRecipe(*address) : nullptr;
     if (!recipe) {
-        const Imported imported = importSource(source, {});
+        const Imported imported = importSource(source, {}, console);
         const auto& found = imported.draft.sourceURL;
         recipe = found && address ? store.existingRecipe(*found) : nullptr;
         if (!recipe && imported.needsReview) {
@@ -231,7 +231,7 @@ QList<Verb> libraryVerbs()
          addDraft},
         {QStringLiteral("library import"),
          QStringLiteral("library import SOURCE..."),
-         QStringLiteral("Imports web addresses and saved pages as dropping them on the window would.\n"
+         QStringLiteral("Imports addresses, saved pages and documents as dropping them on the window would.\n"
                         "A complete page is saved and its ID printed; anything else is printed for review."),
          {store},
          -1,

@@ -1,6 +1,7 @@
 #include "cli/Sources.h"
 
 #include "import/error/RecipeImportError.h"
+#include "services/DocumentImport.h"
 #include "services/PageImport.h"
 
 #include <QtCore/QCoreApplication>
@@ -57,7 +58,7 @@ std::optional<QUrl> webAddress(const QString& source)
     return isWeb && isHost ? std::optional(url) : std::nullopt;
 }
 
-Imported importSource(const QString& source, const SourceOptions& options)
+Imported importSource(const QString& source, const SourceOptions& options, const Console& console)
 {
     PageImport pages(QCoreApplication::applicationDirPath());
     Imported imported;
@@ -68,13 +69,23 @@ Imported importSource(const QString& source, const SourceOptions& options)
     } else if (const auto address = webAddress(source)) {
         const RecipeImporter::Options how{.render = options.rendersPages, .photo = options.fetchesPhotos};
         imported.draft = awaited(pages.importer().fetchDraft(*address, {}, how));
-    } else if (QFileInfo(source).isFile()) {
-        throw Failure(RecipeImportError::unsupportedFile().errorDescription());
+    } else if (QFileInfo::exists(source)) {
+        DocumentImport documents(QCoreApplication::applicationDirPath());
+        const auto read = awaited(documents.importer().import(source));
+        if (read.hasMoreRecipes)
+            console.complain(DocumentRecipeImporter::severalRecipesNotice());
+        return {.draft = read.draft, .needsReview = true};
     } else {
         throw Failure(QStringLiteral("“%1” is neither a file nor a web address.").arg(source));
     }
     imported.needsReview = !imported.draft.isComplete();
     return imported;
+}
+
+QList<TextLine> linesOf(const QString& path)
+{
+    DocumentImport documents(QCoreApplication::applicationDirPath());
+    return awaited(documents.importer().lines(path));
 }
 
 RecipeDraft draftOfSavedPage(const QString& path, const QUrl& pageUrl)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cli/Console.h"
+#include "import/document/TextLine.h"
 #include "model/RecipeDraft.h"
 
 namespace ovrin::cli {
@@ -24,9 +25,12 @@ struct Imported
 /// that exists, and for what is no address.
 std::optional<QUrl> webAddress(const QString& source);
 
-/// Reads a web address or a saved page, waiting for the result. Throws Failure with the message that the
-/// window would show.
-Imported importSource(const QString& source, const SourceOptions& options);
+/// Reads a web address, a saved page or a document, waiting for the result. Throws Failure with the message
+/// that the window would show.
+Imported importSource(const QString& source, const SourceOptions& options, const Console& console);
+
+/// The lines of a document. Throws Failure.
+QList<TextLine> linesOf(const QString& path);
 
 /// The draft of a saved page alone: no network, no rendering, no photo. Throws Failure.
 RecipeDraft draftOfSavedPage(const QString& path, const QUrl& pageUrl);
