@@ -4,6 +4,7 @@
 
 #include <poppler-qt6.h>
 
+#include <QtCore/QBuffer>
 #include <QtCore/QSet>
 
 #include <algorithm>
@@ -84,7 +85,11 @@ QList<reader::PageLine> linesOf(const Poppler::Page& page)
 std::optional<reader::DocumentAnswer> pdfText(const QByteArray& bytes)
 {
     Poppler::setDebugErrorFunction([](const QString&, const QVariant&) {}, {});
-    const std::unique_ptr<Poppler::Document> document = Poppler::Document::loadFromData(bytes);
+    // By way of a device: handed bytes, Poppler makes a copy of them, and there may be 200 MB.
+    QBuffer device;
+    device.setData(bytes);
+    device.open(QIODevice::ReadOnly);
+    const std::unique_ptr<Poppler::Document> document = Poppler::Document::load(&device);
     if (!document || document->isLocked()) {
         return std::nullopt;
     }
