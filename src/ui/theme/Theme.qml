@@ -48,7 +48,7 @@ QtObject {
     readonly property color cardMark: "#59000000"
 
     // Cook mode: a veil over the washed-out photo, and what lies on the veil.
-    readonly property color cookVeilTop: dark ? "#A6151210" : "#C7FBFAF8"
+    readonly property color cookVeilTop: dark ? "#8C151210" : "#E0FBFAF8"
     readonly property color cookVeilBottom: dark ? "#F0151210" : "#F5FBFAF8"
     readonly property color cookPanel: dark ? "#14FFFFFF" : "#99FFFFFF"
     readonly property color cookLine: dark ? "#1FFFFFFF" : "#1F211D19"
