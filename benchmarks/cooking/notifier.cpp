@@ -144,11 +144,16 @@ int main(int argc, char** argv)
                     .title = QStringLiteral("Timer done"),
                     .body = QStringLiteral("%1 minutes — Banana Bread").arg(i),
                     .seconds = 10});
-    QTest::qWaitFor([&] { return isSettled; }, patience);
+    if (!QTest::qWaitFor([&] { return isSettled; }, patience))
+        return 1;
     std::printf("a thousand timers ");
     waitingCosts(folder.path());
     const auto due = ends(folder.path());
-    QTest::qWaitFor([&] { return arrivals.size() == 1000; }, patience);
+    if (!QTest::qWaitFor([&] { return arrivals.size() == 1000; }, patience))
+        return 1;
     print("a thousand at once", latencies(due));
+    std::printf(
+        "the most that the notifier ever held: %s\n",
+        field(contents(QStringLiteral("/proc/%1/status").arg(notifier(folder.path()))), "VmHWM").constData());
     return 0;
 }

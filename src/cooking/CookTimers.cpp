@@ -45,7 +45,7 @@ CookTimers::Running CookTimers::start(qint64 seconds, const QString& label, cons
 {
     seconds = std::clamp<qint64>(seconds, 0, longestSeconds);
     refresh();
-    const Running timer{QUuid::createUuid(), label, recipeTitle, m_now.addSecs(seconds), recipeId};
+    Running timer{QUuid::createUuid(), label, recipeTitle, m_now.addSecs(seconds), recipeId};
     beginInsertRows({}, count(), count());
     m_timers.append(timer);
     endInsertRows();

@@ -13,7 +13,7 @@ constexpr Elapsed second = 1'000'000'000;
 constexpr Elapsed longestPause = 60 * second;
 constexpr Elapsed longestTrying = 3600 * second;
 /// So that a thousand timers at once do not run into a service's limit of what it takes at a time.
-constexpr int mostUnanswered = 32;
+constexpr int mostUnanswered = 100;
 
 bool isError(DBusMessage* message, const char* name = nullptr)
 {

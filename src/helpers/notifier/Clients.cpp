@@ -61,7 +61,7 @@ void Clients::accept()
 
 bool Clients::receive(Client& client, const LineHandler& handler)
 {
-    std::array<char, 16 * 1024> buffer;
+    std::array<char, 16'384> buffer;
     while (true) {
         const ssize_t length = ::recv(client.socket.get(), buffer.data(), buffer.size(), 0);
         if (length == 0)

@@ -22,7 +22,7 @@ inline constexpr std::string_view lockName = "notifier.lock";
 inline constexpr std::string_view journalName = "timers";
 
 /// A longer line is a fault of the other side.
-inline constexpr std::size_t longestLine = 16 * 1024;
+inline constexpr std::size_t longestLine = 16'384;
 
 /// The fields of a line without its line feed; at least one, possibly empty. They point into `line`.
 std::vector<std::string_view> fields(std::string_view line);
