@@ -126,6 +126,9 @@ TEST_F(ViewsTest, everyPageAndSheetOpensWithoutAWarning)
     model->drop({QUrl(u"https://example.org/nothing"_qs)}, {});
     ASSERT_TRUE(QTest::qWaitFor([&] { return !model->failure().isEmpty(); }));
     QTest::qWait(20);
+    const auto surfaces = items(u"sheetSurface"_qs);
+    ASSERT_EQ(surfaces.size(), 1);
+    EXPECT_GT(surfaces.first()->height(), 100) << "the alert's words stand on its surface";
     key(Qt::Key_Escape);
     EXPECT_TRUE(model->failure().isEmpty());
     fixture.appearance.setDark(true);

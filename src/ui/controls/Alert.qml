@@ -31,6 +31,7 @@ T.Popup {
     x: parent ? Math.round((parent.width - width) / 2) : 0
     y: parent ? Math.round((parent.height - height) / 2.4) : 0
     width: parent ? Math.min(Theme.alertWidth, parent.width - Theme.gap6) : 0
+    implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
     onOpened: (confirmText !== "" && !destructive ? confirm : cancel).forceActiveFocus(Qt.TabFocusReason)
 
     T.Overlay.modal: Rectangle { color: Theme.dim }

@@ -16,6 +16,7 @@ Item {
         }
     }
     Rectangle {
+        objectName: "sheetSurface"
         anchors.fill: parent
         radius: Theme.radiusSheet
         color: Theme.background

@@ -94,7 +94,8 @@ FocusScope {
 
         // Its width holds one gap more than there are between the columns.
         readonly property int columns: Math.max(1, Math.floor(width / (Theme.cardMinimum + Theme.cardColumnGap)))
-        readonly property int photoHeight: Math.round((cellWidth - Theme.cardColumnGap) * 3 / 4)
+        readonly property int cardWidth: Math.min(Theme.cardMaximum, cellWidth - Theme.cardColumnGap)
+        readonly property int photoHeight: Math.round(cardWidth * 3 / 4)
         // Nobody looks for the keyboard before it was used: the ring shows once the focus comes by it.
         property bool showsRing: false
 
@@ -142,7 +143,7 @@ FocusScope {
         }
 
         delegate: RecipeCard {
-            width: view.cellWidth - Theme.cardColumnGap
+            width: view.cardWidth
             height: view.cellHeight - Theme.cardRowGap
             photoHeight: view.photoHeight
             hasRing: GridView.isCurrentItem && view.activeFocus && view.showsRing
