@@ -146,6 +146,9 @@ TEST_F(CookWindowTest, TheStepperStopsAtTheEnds)
     EXPECT_EQ(model(window)->current(), 2);
     EXPECT_TRUE(up->isEnabled());
     EXPECT_FALSE(down->isEnabled());
+    up->forceActiveFocus(Qt::TabFocusReason);
+    QTest::keyClick(window, Qt::Key_Return);
+    EXPECT_EQ(model(window)->current(), 1);
 }
 
 TEST_F(CookWindowTest, TabReachesTheTimesAndReturnStartsThem)
@@ -247,7 +250,8 @@ TEST_F(CookWindowTest, SurvivesWhatItIsGiven)
 
     RecipeDraft draft = pasta();
     draft.title = QStringLiteral("<b>Long</b>");
-    draft.steps[0].paragraphs[1] = QStringLiteral("<img src='x'> & a line of 5 minutes\n").repeated(1000);
+    draft.steps[0].paragraphs[1] =
+        QStringLiteral("<img src='x'> & a line\n").repeated(1000) + QStringLiteral("Wait 5 minutes.");
     QQuickWindow* const tall = open(library.add(draft)->id());
     QTest::keyClick(tall, Qt::Key_Down);
     EXPECT_EQ(model(tall)->current(), 1);

@@ -15,11 +15,11 @@ T.Button {
     implicitHeight: Theme.controlHeight
     hoverEnabled: true
     focusPolicy: Qt.StrongFocus
-    Keys.onReturnPressed: click()
-    Keys.onEnterPressed: click()
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
     Accessible.role: Accessible.Button
     Accessible.name: hint
-    Accessible.onPressAction: click()
+    Accessible.onPressAction: clicked()
 
     contentItem: Item {
         Symbol {

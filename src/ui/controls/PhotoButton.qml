@@ -18,12 +18,12 @@ T.Button {
     hoverEnabled: true
     focusPolicy: Qt.StrongFocus
 
-    Keys.onReturnPressed: click()
-    Keys.onEnterPressed: click()
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
     Accessible.role: Accessible.Button
     Accessible.name: text === "" ? hint : text
     Accessible.checked: checked
-    Accessible.onPressAction: click()
+    Accessible.onPressAction: clicked()
 
     contentItem: Item {
         Row {

@@ -22,13 +22,13 @@ T.Button {
     focusPolicy: Qt.StrongFocus
     opacity: enabled ? 1 : 0.5
 
-    Keys.onReturnPressed: click()
-    Keys.onEnterPressed: click()
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
 
     Accessible.role: Accessible.Button
     Accessible.name: text === "" ? hint : text
     Accessible.description: text === "" ? "" : hint
-    Accessible.onPressAction: click()
+    Accessible.onPressAction: clicked()
 
     contentItem: Item {
         implicitHeight: row.implicitHeight

@@ -11,14 +11,14 @@ T.AbstractButton {
     implicitHeight: Theme.controlHeight
     hoverEnabled: true
     focusPolicy: Qt.StrongFocus
-    Keys.onReturnPressed: click()
-    Keys.onEnterPressed: click()
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
 
     Accessible.role: Accessible.ListItem
     Accessible.name: text
     Accessible.selectable: true
     Accessible.selected: checked
-    Accessible.onPressAction: click()
+    Accessible.onPressAction: clicked()
 
     contentItem: Item {
         Row {
