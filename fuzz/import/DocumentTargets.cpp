@@ -68,7 +68,9 @@ void readingOrder(QByteArrayView bytes)
 void documentAnswer(QByteArrayView bytes)
 {
     if (const auto answer = reader::DocumentAnswer::decoded(bytes.toByteArray())) {
-        require(answer->encoded() == bytes, "an answer that is read is written as it came");
+        // Text that is no UTF-8 is read with replacements, so the bytes may differ; what they say may not.
+        const auto again = reader::DocumentAnswer::decoded(answer->encoded());
+        require(again && again->pages == answer->pages, "an answer that is read can be sent on");
     }
     reader::FrameAssembler assembler(reader::maximumDocumentAnswerBytes);
     const qsizetype half = bytes.size() / 2;

@@ -258,30 +258,49 @@ Run shortLinedBlock(const QList<TextLine>& lines)
     return {};
 }
 
-/// The list of ingredients without headings: by its amounts, or as the short lines right above a numbered
-/// method.
-Run unheadedList(const QList<TextLine>& lines)
+/// The block of mostly short lines that ends right before line `end`; empty when it holds other text.
+Run blockAbove(const QList<TextLine>& lines, qsizetype end)
 {
-    Run run = ingredientRun(lines);
-    if (run.size() == 0) {
-        const qsizetype step = firstNumberedStep(lines);
-        if (step == lines.size()) {
-            return shortLinedBlock(lines);
-        }
-        qsizetype block = step;
-        while (block > 0 && (block == step || !lines[block].startsBlock)) {
-            --block;
-        }
-        const auto listed = std::count_if(lines.begin() + block, lines.begin() + step, mayBeListed);
-        run = {listed * 10 >= (step - block) * 6 ? block : step, step, 0};
+    qsizetype begin = end;
+    while (begin > 0 && (begin == end || !lines[begin].startsBlock)) {
+        --begin;
     }
-    // Upwards through its block: an ingredient without an amount looks like nothing in particular.
-    const bool byAmounts = run.size() > 0;
+    const auto listed = std::count_if(lines.begin() + begin, lines.begin() + end, mayBeListed);
+    return {listed * 10 >= (end - begin) * 6 ? begin : end, end, 0};
+}
+
+/// `run` with the plain short lines around it: an ingredient without an amount looks like nothing in
+/// particular. Blocks are left behind only where the list was not found by its amounts.
+Run widened(Run run, const QList<TextLine>& lines, bool acrossBlocks)
+{
     while (run.begin > 0 && mayBeListed(lines[run.begin - 1]) &&
-           (!byAmounts || !lines[run.begin].startsBlock)) {
+           (acrossBlocks || (run.size() > 0 && !lines[run.begin].startsBlock))) {
         --run.begin;
     }
+    while (run.size() > 0 && run.end < lines.size() && mayBeListed(lines[run.end]) &&
+           !lines[run.end].startsBlock && !LineShape::looksLikeStep(lines[run.end].text)) {
+        ++run.end;
+    }
     return run;
+}
+
+/// The list of ingredients without headings: by its amounts, or as the short lines right above a numbered
+/// method, or above running text.
+Run unheadedList(const QList<TextLine>& lines)
+{
+    const Run run = ingredientRun(lines);
+    if (run.size() > 0) {
+        return widened(run, lines, false);
+    }
+    const qsizetype step = firstNumberedStep(lines);
+    return step < lines.size() ? widened(blockAbove(lines, step), lines, true) : shortLinedBlock(lines);
+}
+
+/// The list of ingredients in the lines above the heading of the method.
+Run listAboveMethod(const QList<TextLine>& lines)
+{
+    const Run run = ingredientRun(lines);
+    return widened(run.size() > 0 ? run : blockAbove(lines, lines.size()), lines, false);
 }
 
 RecipeOutline withoutHeadings(const QList<TextLine>& lines)
@@ -377,11 +396,11 @@ Heading headingOf(const QString& line)
     for (const Table& table : {Table{HeadingKind::Ingredients, RecipeWords::ingredientHeadings()},
                                Table{HeadingKind::Directions, RecipeWords::directionHeadings()},
                                Table{HeadingKind::Other, RecipeWords::otherHeadings()}}) {
-        const bool fact = RecipeFacts::isFact(line);
         for (const QString& word : table.words) {
             if (!text.startsWith(word, Qt::CaseInsensitive)) {
                 continue;
             }
+            const bool fact = RecipeFacts::isFact(line);
             const QString rest = text.mid(word.size()).trimmed();
             // "Zubereitung: Den Ofen heizen": the section begins on the heading's own line.
             if (rest.startsWith(u':') && !fact) {
@@ -444,7 +463,7 @@ RecipeOutline outline(const QList<TextLine>& lines)
         result.hasMoreRecipes = result.hasMoreRecipes || next < result.directions.size();
         result.directions = result.directions.first(next);
     } else if (result.ingredients.isEmpty()) {
-        const Run run = ingredientRun(result.head);
+        const Run run = listAboveMethod(result.head);
         result.ingredients = result.head.sliced(run.begin, run.size());
         result.head.remove(run.begin, run.size());
     } else {

@@ -165,6 +165,17 @@ Dot it with butter and bake it for 20 minutes.
     EXPECT_EQ(draft.steps.size(), 2);
 }
 
+TEST(RecipeTextParser, FindsTheListAboveTheHeadingOfTheMethod)
+{
+    const auto draft =
+        RecipeTextParser::parse(page("# Trout\nA dish for the evening after a long day out.\n\nCleaned "
+                                     "trout\nbacon\n2 eggs\n\nMethod\nWrap and bake."));
+    EXPECT_THAT(texts(draft.ingredients), ElementsAre("Cleaned trout", "bacon", "2 eggs"));
+    EXPECT_THAT(texts(RecipeTextParser::parse(page("# Trout\nMethod\nWrap and bake it.")).ingredients),
+                ElementsAre());
+    EXPECT_THAT(texts(RecipeTextParser::parse(page("Method\nWrap and bake it.")).ingredients), ElementsAre());
+}
+
 TEST(RecipeTextParser, TakesNoRestOfASentenceForAHeading)
 {
     const auto draft = RecipeTextParser::parse(page(R"(
