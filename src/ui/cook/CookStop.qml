@@ -38,7 +38,7 @@ Column {
         text: stop.links.length === 0 ? stop.paragraphText
             : "<p style='line-height:125%;margin:0'>"
               + stop.stops.richText(stop.index, Theme.text, Theme.accent, Theme.lit, stop.focused,
-                                    stop.isCurrent ? 800 : 600) + "</p>"
+                                    stop.isCurrent ? 800 : 600, 0) + "</p>"
         textFormat: stop.links.length === 0 ? Text.PlainText : Text.RichText
         lineHeight: stop.links.length === 0 ? 1.25 : 1
         font.family: Theme.family

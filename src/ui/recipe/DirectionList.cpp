@@ -60,10 +60,11 @@ QHash<int, QByteArray> DirectionList::roleNames() const
 }
 
 QString DirectionList::richText(int row, const QString& textColor, const QString& accentColor,
-                                const QString& focusColor, int focused, int weight) const
+                                const QString& focusColor, int focused, int weight, int glyphSize) const
 {
     return row >= 0 && row < m_rows.size()
-               ? m_rows.at(row).paragraph.richText(textColor, accentColor, focusColor, focused, weight)
+               ? m_rows.at(row).paragraph.richText(textColor, accentColor, focusColor, focused, weight,
+                                                   glyphSize)
                : QString();
 }
 

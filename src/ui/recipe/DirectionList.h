@@ -42,7 +42,8 @@ public:
 
     /// See DirectionParagraph::richText.
     Q_INVOKABLE QString richText(int row, const QString& textColor, const QString& accentColor,
-                                 const QString& focusColor, int focused, int weight = 600) const;
+                                 const QString& focusColor, int focused, int weight = 600,
+                                 int glyphSize = 15) const;
 
 private:
     QList<Row> m_rows;

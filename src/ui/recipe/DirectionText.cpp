@@ -39,12 +39,12 @@ QList<DirectionParagraph::Link> DirectionParagraph::links() const
 }
 
 QString DirectionParagraph::richText(const QString& textColor, const QString& accentColor,
-                                     const QString& focusColor, int focused, int weight) const
+                                     const QString& focusColor, int focused, int weight, int glyphSize) const
 {
     QString html;
     int link = 0;
     for (const DirectionSegment& segment : segments) {
-        const QString words = segment.text.toHtmlEscaped();
+        const QString words = segment.text.toHtmlEscaped().replace(u'\n', QStringLiteral("<br>"));
         if (segment.kind == DirectionSegment::Kind::Plain) {
             html += words;
             continue;
@@ -56,10 +56,11 @@ QString DirectionParagraph::richText(const QString& textColor, const QString& ac
                      isTimer ? QStringLiteral("underline") : QStringLiteral("none"),
                      link == focused ? QStringLiteral("background-color:") + focusColor : QString());
         const QString glyph =
-            isTimer ? QStringLiteral("<img src=\"image://symbol/timer?%1\" width=\"15\" height=\"15\" "
-                                     "style=\"vertical-align:middle\">&nbsp;")
-                          .arg(accentColor.toHtmlEscaped())
-                    : QString();
+            isTimer && glyphSize > 0
+                ? QStringLiteral("<img src=\"image://symbol/timer?%1\" width=\"%2\" height=\"%2\" "
+                                 "style=\"vertical-align:middle\">&nbsp;")
+                      .arg(accentColor.toHtmlEscaped(), QString::number(glyphSize))
+                : QString();
         html += glyph + QStringLiteral("<a href=\"%1\" style=\"%2\">%3</a>")
                             .arg(addressOf(segment).toHtmlEscaped(), style, words);
         ++link;

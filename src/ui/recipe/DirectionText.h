@@ -26,9 +26,10 @@ struct DirectionParagraph
 
     QList<Link> links() const;
     /// Rich text with mentions in bold and times as links, everything escaped. `focused` is the link that the
-    /// keyboard is on, or -1; `weight` is that of mentions and times.
+    /// keyboard is on, or -1; `weight` is that of mentions and times; `glyphSize` that of
+    /// the drawing before a time, in pixels, 0 for none.
     QString richText(const QString& textColor, const QString& accentColor, const QString& focusColor,
-                     int focused, int weight = 600) const;
+                     int focused, int weight = 600, int glyphSize = 15) const;
 
     bool operator==(const DirectionParagraph&) const = default;
 };
