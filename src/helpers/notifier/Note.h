@@ -8,7 +8,7 @@
 #include <vector>
 
 /// The messages to and from the notification service.
-/// Source: Desktop Notifications Specification 1.2.
+/// Source: Desktop Notifications 1.2, freedesktop.org.
 namespace ovrin::notifier {
 
 inline constexpr const char* notificationService = "org.freedesktop.Notifications";
