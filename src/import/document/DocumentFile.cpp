@@ -10,7 +10,7 @@ namespace ovrin {
 
 namespace {
 
-constexpr qint64 largestDocument = 200 * 1024 * 1024;
+constexpr qint64 largestDocument = 200LL * 1024 * 1024;
 
 } // namespace
 

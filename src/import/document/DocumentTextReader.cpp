@@ -9,7 +9,7 @@ namespace ovrin {
 
 namespace {
 
-constexpr qsizetype largestDocument = 200 * 1024 * 1024;
+constexpr qsizetype largestDocument = 200LL * 1024 * 1024;
 /// With fewer characters than this a page is a scan with a stamp on it.
 constexpr qsizetype leastCharacters = 41;
 

@@ -12,7 +12,7 @@ namespace ovrin {
 namespace {
 
 /// More than any recipe takes; a model that talks on and on is not listened to.
-constexpr qsizetype largestAnswer = 1024 * 1024;
+constexpr qsizetype largestAnswer = 1024LL * 1024;
 
 QJsonObject described(const char16_t* type, const char16_t* description)
 {

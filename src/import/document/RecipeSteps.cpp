@@ -41,7 +41,7 @@ public:
         if (!m_isNumbered) {
             return std::nullopt;
         }
-        const auto number = LineShape::numbered(m_lines[i].text);
+        auto number = LineShape::numbered(m_lines[i].text);
         // A later part of the method may count from 1 again.
         const bool restarts = number && number->number == 1 && expected > 1 &&
                               !LineShape::isBareNumber(m_lines[i].text) && i > 0 &&
@@ -153,19 +153,15 @@ QList<RecipeStep> RecipeItems::steps(const QList<TextLine>& lines)
         } else if (method.isPartHeading(i)) {
             title = withoutColon(text);
             opened = false;
-        } else if (!opened) {
+        } else if (opened && !steps.last().paragraphs.isEmpty() && !method.startsParagraph(i)) {
+            QString& last = steps.last().paragraphs.last();
+            last = joined(last, text);
+        } else if (opened && (steps.last().paragraphs.isEmpty() || method.isNumbered())) {
+            steps.last().paragraphs.append(text);
+        } else {
             // Text above the first number is an introduction to the method; it is a step of its own.
             open(text);
             opened = true;
-        } else if (steps.last().paragraphs.isEmpty()) {
-            steps.last().paragraphs.append(text);
-        } else if (!method.startsParagraph(i)) {
-            QString& last = steps.last().paragraphs.last();
-            last = joined(last, text);
-        } else if (method.isNumbered()) {
-            steps.last().paragraphs.append(text);
-        } else {
-            open(text);
         }
     }
     for (RecipeStep& step : steps) {

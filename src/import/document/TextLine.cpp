@@ -37,7 +37,7 @@ std::optional<QList<TextLine>> TextLines::fromJson(const QByteArray& json)
         return std::nullopt;
     }
     QList<TextLine> lines;
-    for (const QJsonValue& value : document.array()) {
+    for (const auto& value : document.array()) {
         const QJsonValue text = value[QStringLiteral("text")];
         if (!text.isString()) {
             return std::nullopt;

@@ -17,7 +17,7 @@ namespace ovrin {
 
 namespace {
 
-constexpr qint64 largestAnswer = 4 * 1024 * 1024;
+constexpr qint64 largestAnswer = 4LL * 1024 * 1024;
 
 /// The address on loopback that `url` means; nothing for any other. A name is never looked up: only
 /// "localhost" is one, and it means what it says.
