@@ -7,7 +7,7 @@ FocusScope {
 
     required property LibraryWindow model
     readonly property bool hasUnsavedWords: model.editor.isOpen && model.editor.isChanged
-    readonly property bool isFree: !model.editor.isOpen && !importing.isOpen && failureAlert.text === ""
+    readonly property bool isFree: !model.editor.isOpen && !importing.isOpen && model.failure === ""
                                    && !shortcuts.isOpen && !page.hasSheet
     readonly property Item grid: grid
 
@@ -84,15 +84,18 @@ FocusScope {
     ShortcutSheetLoader { id: shortcuts; objectName: "shortcutSheet"; model: content.model }
     FileDialogs { id: files; model: content.model }
 
-    Alert {
-        id: failureAlert
-        readonly property string text: content.model.failure
-        visible: text !== ""
-        title: qsTr("Couldn’t Import Recipe")
-        message: text
-        confirmText: qsTr("Add Manually")
-        onConfirmed: content.model.addManually()
-        onCancelled: content.model.dismissFailure()
+    Loader {
+        active: content.model.failure !== ""
+        sourceComponent: Item {
+            Alert {
+                visible: true
+                title: qsTr("Couldn’t Import Recipe")
+                message: content.model.failure
+                confirmText: qsTr("Add Manually")
+                onConfirmed: content.model.addManually()
+                onCancelled: content.model.dismissFailure()
+            }
+        }
     }
 
     Connections {
