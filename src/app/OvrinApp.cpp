@@ -25,7 +25,7 @@ OvrinApp::Folders OvrinApp::Folders::usual(const QString& library)
 OvrinApp::OvrinApp(std::unique_ptr<RecipeStore> store, const Folders& folders)
     : m_store(std::move(store))
     , m_pages(folders.program)
-    , m_textLayer(findHelper(folders.program, QStringLiteral("document-reader")))
+    , m_documents(folders.program)
     , m_importer(importServices(folders))
     , m_notifications(std::make_unique<DesktopNotificationCenter>(DesktopNotificationCenter::surroundings(
           findHelper(folders.program, QStringLiteral("ovrin-notifier")))))
@@ -50,9 +50,11 @@ ImportCoordinator::Services OvrinApp::importServices(const Folders& folders)
             [this](QUrl url, std::stop_token stop) {
                 return m_pages.importer().fetchDraft(std::move(url), stop);
             },
-            [this](QString path, std::stop_token stop) { return m_documents.draft(std::move(path), stop); },
+            [this](QString path, std::stop_token stop) {
+                return m_documents.importer().draft(std::move(path), stop);
+            },
             [this](QByteArray bytes, QString type, std::stop_token stop) {
-                return m_documents.draft(std::move(bytes), std::move(type), stop);
+                return m_documents.importer().draft(std::move(bytes), std::move(type), stop);
             },
             m_pages.photos(),
             systemNow,

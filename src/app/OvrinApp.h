@@ -3,13 +3,11 @@
 #include "cooking/CookTimers.h"
 #include "cooking/NotificationPresenter.h"
 #include "import/ImportCoordinator.h"
-#include "import/document/DocumentRecipeImporter.h"
 #include "platform/desktop/PortalAppearance.h"
 #include "platform/desktop/QtDesktopActions.h"
 #include "platform/desktop/QtPasteboard.h"
 #include "platform/desktop/SettingsFlags.h"
-#include "platform/languagemodel/LoopbackLanguageModel.h"
-#include "platform/reader/ReaderPdfTextLayer.h"
+#include "services/DocumentImport.h"
 #include "services/PageImport.h"
 #include "ui/cook/CookWindows.h"
 #include "ui/images/DraftPhotos.h"
@@ -60,9 +58,7 @@ private:
 
     std::unique_ptr<RecipeStore> m_store;
     PageImport m_pages;
-    ReaderPdfTextLayer m_textLayer;
-    LoopbackLanguageModel m_languageModel;
-    DocumentRecipeImporter m_documents{m_textLayer, m_languageModel};
+    DocumentImport m_documents;
     ImportCoordinator m_importer;
     NotificationPresenter m_presenter;
     std::unique_ptr<UserNotificationCenter> m_notifications;
