@@ -184,9 +184,16 @@ void HttpTransfer::finish()
     if (m_reply) {
         m_reply->disconnect(this);
         // Closes the connection when the answer has not been read to its end. Not from inside one of the
-        // reply's own signals, where it would complain.
-        QMetaObject::invokeMethod(m_reply, &QNetworkReply::abort, Qt::QueuedConnection);
-        m_reply->deleteLater();
+        // reply's own signals, nor where it has or will have an error of its own, as with a bad status: it
+        // would complain on standard error. What is left of such an answer waits in a bounded buffer until
+        // the connection goes with the network.
+        const auto close = [reply = m_reply.data()] {
+            const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+            if (reply->error() == QNetworkReply::NoError && status < 400)
+                reply->abort();
+            reply->deleteLater();
+        };
+        QMetaObject::invokeMethod(m_reply, close, Qt::QueuedConnection);
         m_reply.clear();
     }
     QMetaObject::invokeMethod(this, &HttpTransfer::finished, Qt::QueuedConnection);
