@@ -17,7 +17,7 @@ class PhotoProvider : public QQuickAsyncImageProvider
 public:
     /// The JPEG under a key; empty when there is none. Called on the main thread.
     using Bytes = std::function<QByteArray(const QString& key)>;
-    static constexpr qsizetype defaultBudget = 48 * 1024 * 1024;
+    static constexpr qsizetype defaultBudget = qsizetype(48) * 1024 * 1024;
 
     /// `context` lives on the main thread; once it is gone no bytes are fetched any more.
     PhotoProvider(QObject* context, Bytes bytes, qsizetype budget = defaultBudget);

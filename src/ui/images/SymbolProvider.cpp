@@ -47,7 +47,7 @@ QImage SymbolProvider::requestImage(const QString& id, QSize* size, const QSize&
     const qsizetype mark = id.indexOf(u'?');
     const QColor color = mark < 0 ? QColor(Qt::black) : QColor(id.sliced(mark + 1));
     const int side = requestedSize.width() > 0 ? requestedSize.width() : gridSide;
-    const QImage image = symbol(mark < 0 ? id : id.first(mark), color, side);
+    QImage image = symbol(mark < 0 ? id : id.first(mark), color, side);
     if (size)
         *size = image.size();
     return image;
