@@ -6,6 +6,7 @@
 #include "imaging/ImageProcessing.h"
 #include "model/LibraryFilter.h"
 #include "model/RecipeStore.h"
+#include "model/StepsCoding.h"
 #include "reminders/TaskCalendar.h"
 #include "text/IngredientScaler.h"
 
@@ -49,11 +50,6 @@ RecipePtr wantedRecipe(const RecipeStore& store, const Arguments& arguments)
     throw Failure(QStringLiteral("There is no recipe %1 in the library.").arg(text));
 }
 
-QString idText(const Recipe& recipe)
-{
-    return recipe.id().toString(QUuid::WithoutBraces).toUpper();
-}
-
 /// Waits until the change is durable; only then is it reported as done.
 void settle(const QFuture<SaveResult>& saving)
 {
@@ -92,7 +88,7 @@ int list(const Arguments& arguments, const Console& console)
         if (asJson)
             rows << toJson(*recipe);
         else
-            console.print(idText(*recipe) + u' ' + recipe->title());
+            console.print(uuidText(recipe->id()) + u' ' + recipe->title());
     }
     if (asJson)
         console.print('[' + rows.join(",\n") + ']');
@@ -117,7 +113,7 @@ int addDraft(const Arguments& arguments, const Console& console)
     RecipeDraft draft = readDraft(arguments.required(0, QStringLiteral("DRAFT.json")), console);
     draft = withSafePhoto(std::move(draft));
     const auto store = openStore(arguments, console);
-    console.print(idText(*add(*store, draft)));
+    console.print(uuidText(add(*store, draft)->id()));
     return Done;
 }
 
@@ -138,7 +134,7 @@ int import(const QString& source, RecipeStore& store, const Console& console)
         if (!recipe)
             recipe = add(store, imported.draft);
     }
-    console.print(idText(*recipe));
+    console.print(uuidText(recipe->id()));
     return Done;
 }
 

@@ -1,5 +1,6 @@
 #include "cli/RecipeJson.h"
 
+#include "model/StepsCoding.h"
 #include "json/JsonWriter.h"
 
 namespace ovrin::cli {
@@ -17,28 +18,13 @@ void writeMinutes(JsonWriter& writer, std::string_view key, std::optional<qint64
         writer.key(key).integer(*minutes);
 }
 
-void writeSteps(JsonWriter& writer, const QList<RecipeStep>& steps)
-{
-    writer.key("stepsData").beginArray();
-    for (const RecipeStep& step : steps) {
-        writer.beginObject().key("id").string(step.id.toString(QUuid::WithoutBraces).toUpper());
-        if (step.title)
-            writer.key("title").string(*step.title);
-        writer.key("paragraphs").beginArray();
-        for (const QString& paragraph : step.paragraphs)
-            writer.string(paragraph);
-        writer.endArray().endObject();
-    }
-    writer.endArray();
-}
-
 } // namespace
 
 QByteArray toJson(const Recipe& recipe)
 {
     JsonWriter writer;
     writer.beginObject();
-    writer.key("id").string(recipe.id().toString(QUuid::WithoutBraces).toUpper());
+    writer.key("id").string(uuidText(recipe.id()));
     writer.key("title").string(recipe.title());
     writer.key("author").string(recipe.author());
     writer.key("publisher").string(recipe.publisher());
@@ -51,10 +37,9 @@ QByteArray toJson(const Recipe& recipe)
     writeMinutes(writer, "prepMinutes", recipe.prepMinutes());
     writeMinutes(writer, "cookMinutes", recipe.cookMinutes());
     writeMinutes(writer, "totalMinutes", recipe.totalMinutes());
-    writer.key("ingredients").beginArray();
-    for (const QString& line : recipe.ingredients())
-        writer.string(line);
-    writer.endArray();
+    writer.key("ingredients");
+    writeStrings(writer, recipe.ingredients());
+    writer.key("stepsData");
     writeSteps(writer, recipe.steps());
     writer.key("notes").string(recipe.notes());
     writer.key("isSaved").boolean(recipe.isSaved());
