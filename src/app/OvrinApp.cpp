@@ -8,6 +8,7 @@
 #include "ui/Views.h"
 
 #include <QtCore/QStandardPaths>
+#include <QtGui/QGuiApplication>
 #include <QtQml/QQmlComponent>
 #include <QtQuick/QQuickWindow>
 
@@ -37,6 +38,11 @@ OvrinApp::OvrinApp(std::unique_ptr<RecipeStore> store, const Folders& folders)
 {
     m_notifications->setDelegate(&m_presenter);
     prepareViews(m_engine, m_photos, m_draftPhotos);
+    // Who looks elsewhere hears the note's own sound alone.
+    connect(&m_timers, &CookTimers::ranOut, this, [this] {
+        if (QGuiApplication::applicationState() == Qt::ApplicationActive)
+            m_chime.ring();
+    });
     connect(&m_timers, &CookTimers::recipeWanted, this, [this](const CookTimers::Running& timer) {
         m_model.openRecipe(timer.recipeId.toString(QUuid::WithoutBraces));
     });

@@ -7,6 +7,7 @@
 #include "platform/desktop/QtDesktopActions.h"
 #include "platform/desktop/QtPasteboard.h"
 #include "platform/desktop/SettingsFlags.h"
+#include "platform/sound/DesktopChime.h"
 #include "services/DocumentImport.h"
 #include "services/PageImport.h"
 #include "ui/cook/CookWindows.h"
@@ -63,6 +64,7 @@ private:
     NotificationPresenter m_presenter;
     std::unique_ptr<UserNotificationCenter> m_notifications;
     CookTimers m_timers;
+    DesktopChime m_chime;
 
     QSettings m_settings;
     SettingsFlags m_flags{m_settings};

@@ -1,6 +1,7 @@
 #include "cooking/CookTimers.h"
 
 #include "cooking/TimerLink.h"
+#include "model/StepsCoding.h"
 
 #include <QtCore/QCoreApplication>
 
@@ -12,11 +13,6 @@ namespace {
 
 /// Keeps date arithmetic from overflowing.
 constexpr qint64 longestSeconds = 100LL * 365 * 24 * 60 * 60;
-
-QString noteId(const QUuid& id)
-{
-    return id.toString(QUuid::WithoutBraces).toUpper();
-}
 
 /// Whole seconds, rounded up: a timer of five minutes starts at "5:00", and "0:00" is never shown.
 QString countdown(qint64 milliseconds)
@@ -52,7 +48,7 @@ CookTimers::Running CookTimers::start(qint64 seconds, const QString& label, cons
     Q_EMIT countChanged();
 
     if (m_center.requestAuthorization()) {
-        m_center.add({.id = noteId(timer.id),
+        m_center.add({.id = uuidText(timer.id),
                       .title = QCoreApplication::translate("CookTimers", "Timer done"),
                       .body = QStringLiteral("%1 — %2").arg(label, recipeTitle),
                       .seconds = seconds});
@@ -74,7 +70,7 @@ void CookTimers::cancel(const QUuid& id)
     m_timers.removeAt(row);
     endRemoveRows();
     Q_EMIT countChanged();
-    m_center.remove(noteId(id));
+    m_center.remove(uuidText(id));
 }
 
 bool CookTimers::openLink(const QUrl& link, const QString& recipeTitle, const QUuid& recipeId)
