@@ -151,6 +151,41 @@ TEST_F(CookWindowTest, TheStepperStopsAtTheEnds)
     EXPECT_EQ(model(window)->current(), 1);
 }
 
+TEST_F(CookWindowTest, F11FillsTheScreenAndGivesItBack)
+{
+    QQuickWindow* const window = open(library.add(pasta())->id());
+    window->requestActivate();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+    const auto becomes = [&](QWindow::Visibility visibility) {
+        QTest::keyClick(window, Qt::Key_F11);
+        return QTest::qWaitFor([&] { return window->visibility() == visibility; }, patience);
+    };
+    EXPECT_TRUE(becomes(QWindow::FullScreen));
+    EXPECT_TRUE(becomes(QWindow::Windowed));
+}
+
+TEST_F(CookWindowTest, KeysSetTheSizeOfTheTypeWithinBounds)
+{
+    QQuickWindow* const window = open(library.add(pasta())->id());
+    window->requestActivate();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+    const auto typeAfter = [&](Qt::Key key, int times) {
+        for (int press = 0; press < times; ++press)
+            QTest::keyClick(window, key, Qt::ControlModifier);
+        return item(window, "stops")->property("typeScale").toDouble();
+    };
+    const double usual = typeAfter(Qt::Key_0, 1);
+    EXPECT_GT(typeAfter(Qt::Key_Plus, 1), usual);
+    EXPECT_DOUBLE_EQ(typeAfter(Qt::Key_0, 1), usual);
+    EXPECT_LT(typeAfter(Qt::Key_Minus, 1), usual);
+    const double smallest = typeAfter(Qt::Key_Minus, 30);
+    EXPECT_GT(smallest, usual / 2);
+    EXPECT_DOUBLE_EQ(typeAfter(Qt::Key_Minus, 1), smallest);
+    const double largest = typeAfter(Qt::Key_Equal, 60);
+    EXPECT_LT(largest, usual * 3);
+    EXPECT_DOUBLE_EQ(typeAfter(Qt::Key_Plus, 1), largest);
+}
+
 TEST_F(CookWindowTest, TabReachesTheTimesAndReturnStartsThem)
 {
     QQuickWindow* const window = open(library.add(pasta())->id());

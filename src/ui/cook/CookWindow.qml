@@ -20,7 +20,7 @@ Window {
     }
 
     Shortcut {
-        sequences: [StandardKey.FullScreen, "F11"]
+        sequence: "F11"
         onActivated: window.toggleFullScreen()
     }
     CookModeView {
