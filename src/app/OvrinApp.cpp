@@ -54,13 +54,13 @@ ImportCoordinator::Services OvrinApp::importServices(const Folders& folders)
 {
     return {*m_store,
             [this](QUrl url, std::stop_token stop) {
-                return m_pages.importer().fetchDraft(std::move(url), stop);
+                return m_pages.importer().fetchDraft(std::move(url), std::move(stop));
             },
             [this](QString path, std::stop_token stop) {
-                return m_documents.importer().draft(std::move(path), stop);
+                return m_documents.importer().draft(std::move(path), std::move(stop));
             },
             [this](QByteArray bytes, QString type, std::stop_token stop) {
-                return m_documents.importer().draft(std::move(bytes), std::move(type), stop);
+                return m_documents.importer().draft(std::move(bytes), std::move(type), std::move(stop));
             },
             m_pages.photos(),
             systemNow,
