@@ -5,6 +5,7 @@
 #include "platform/inhibit/DisplayAwake.h"
 #include "platform/notifications/DesktopNotificationCenter.h"
 #include "platform/reader/DocumentReader.h"
+#include "services/Inbox.h"
 #include "ui/Views.h"
 
 #include <QtCore/QStandardPaths>
@@ -17,10 +18,8 @@ namespace ovrin {
 OvrinApp::Folders OvrinApp::Folders::usual(const QString& library)
 {
     const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    const QString group = QStringLiteral(OVRIN_APP_GROUP);
     return {QCoreApplication::applicationDirPath(),
-            library.isEmpty() ? data + QStringLiteral("/ovrin") : library,
-            group.isEmpty() ? std::nullopt : std::optional(data + u'/' + group + QStringLiteral("/Inbox"))};
+            library.isEmpty() ? data + QStringLiteral("/ovrin") : library, inboxFolder()};
 }
 
 OvrinApp::OvrinApp(std::unique_ptr<RecipeStore> store, const Folders& folders)

@@ -5,6 +5,9 @@
 
 namespace ovrin::cli {
 
+/// A larger input is no draft.
+constexpr qint64 maximumDraftBytes = qint64(128) << 20;
+
 /// The draft in a JSON file, or on standard input for "-". Throws Failure when there is none.
 RecipeDraft readDraft(const QString& path, const Console& console);
 

@@ -1,5 +1,7 @@
 #include "cli/Sources.h"
 
+#include "cli/DraftFile.h"
+#include "import/document/RecipeTextParser.h"
 #include "import/error/RecipeImportError.h"
 #include "services/DocumentImport.h"
 #include "services/PageImport.h"
@@ -7,12 +9,11 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
+#include <QtCore/QRegularExpression>
 
 namespace ovrin::cli {
 
 namespace {
-
-constexpr qint64 maximumPageBytes = qint64(32) << 20;
 
 bool isSavedPage(const QString& source)
 {
@@ -44,6 +45,77 @@ T awaited(QCoro::Task<T> task)
     throw Failure(importErrorDescription(error).value_or(QStringLiteral("The import was cancelled.")));
 }
 
+QByteArray readPage(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw Failure(QStringLiteral("“%1” could not be read: %2.").arg(path, file.errorString()));
+    // One byte more than a page may have, so that a larger one is told from it.
+    return file.read(PageImport::maximumPageBytes + 1);
+}
+
+RecipeDraft parsedPage(const QByteArray& html, const QUrl& address)
+{
+    try {
+        return PageImport::parsedPage(html, address);
+    } catch (const RecipeImportError& error) {
+        throw Failure(error.errorDescription());
+    }
+}
+
+RecipeDraft draftOfPage(const QByteArray& html, const SourceOptions& options)
+{
+    const QUrl address(options.pageUrl);
+    if (!options.fetchesPhotos)
+        return parsedPage(html, address);
+    PageImport pages(QCoreApplication::applicationDirPath());
+    return awaited(pages.savedPage(html, address));
+}
+
+RecipeDraft draftAt(const QUrl& address, const SourceOptions& options)
+{
+    PageImport pages(QCoreApplication::applicationDirPath());
+    const RecipeImporter::Options how{.render = options.rendersPages, .photo = options.fetchesPhotos};
+    return awaited(pages.importer().fetchDraft(address, {}, how));
+}
+
+/// What is a draft already. One of which nobody knows the page is looked at before it is kept.
+Imported received(RecipeDraft draft)
+{
+    const bool isFromPage = draft.isComplete() && draft.sourceURL;
+    return {.draft = std::move(draft), .needsReview = !isFromPage};
+}
+
+Imported fromPage(RecipeDraft draft)
+{
+    const bool isComplete = draft.isComplete();
+    return {.draft = std::move(draft), .needsReview = !isComplete};
+}
+
+/// Whatever a program before us in a pipe, or a clipboard, may hold.
+Imported importInput(const SourceOptions& options, const Console& console)
+{
+    const QByteArray input = readFile(QStringLiteral("-"), console, maximumDraftBytes);
+    QByteArray text = input.trimmed();
+    if (text.startsWith("\xef\xbb\xbf"))
+        text = text.mid(3).trimmed();
+    if (text.isEmpty())
+        throw Failure(RecipeImportError::noTextFound().errorDescription());
+    if (text.startsWith('<'))
+        return fromPage(draftOfPage(input, options));
+    if (text.startsWith('{')) {
+        if (auto draft = RecipeDraft::fromJson(text))
+            return received(*std::move(draft));
+        throw Failure(QStringLiteral("Standard input is not a recipe draft."));
+    }
+    const QString line = QString::fromUtf8(text);
+    if (line.contains(QLatin1String("://")) && !line.contains(QRegularExpression(QStringLiteral("\\s")))) {
+        if (const auto address = webAddress(line))
+            return fromPage(draftAt(*address, options));
+    }
+    return {.draft = draftOfText(text), .needsReview = true};
+}
+
 } // namespace
 
 std::optional<QUrl> webAddress(const QString& source)
@@ -60,26 +132,21 @@ std::optional<QUrl> webAddress(const QString& source)
 
 Imported importSource(const QString& source, const SourceOptions& options, const Console& console)
 {
-    PageImport pages(QCoreApplication::applicationDirPath());
-    Imported imported;
-    if (isSavedPage(source) && !webAddress(source)) {
-        imported.draft = draftOfSavedPage(source, QUrl(options.pageUrl));
-        if (options.fetchesPhotos)
-            imported.draft = awaited(pages.importer().loadImage(imported.draft));
-    } else if (const auto address = webAddress(source)) {
-        const RecipeImporter::Options how{.render = options.rendersPages, .photo = options.fetchesPhotos};
-        imported.draft = awaited(pages.importer().fetchDraft(*address, {}, how));
-    } else if (QFileInfo::exists(source)) {
-        DocumentImport documents(QCoreApplication::applicationDirPath());
-        const auto read = awaited(documents.importer().import(source));
-        if (read.hasMoreRecipes)
-            console.complain(DocumentRecipeImporter::severalRecipesNotice());
-        return {.draft = read.draft, .needsReview = true};
-    } else {
+    if (source == QLatin1String("-"))
+        return importInput(options, console);
+    if (const auto address = webAddress(source))
+        return fromPage(draftAt(*address, options));
+    if (isSavedPage(source))
+        return fromPage(draftOfPage(readPage(source), options));
+    if (!QFileInfo::exists(source))
         throw Failure(QStringLiteral("“%1” is neither a file nor a web address.").arg(source));
-    }
-    imported.needsReview = !imported.draft.isComplete();
-    return imported;
+    if (QFileInfo(source).suffix().toLower() == QLatin1String("json"))
+        return received(readDraft(source, console));
+    DocumentImport documents(QCoreApplication::applicationDirPath());
+    const auto read = awaited(documents.importer().import(source));
+    if (read.hasMoreRecipes)
+        console.complain(DocumentRecipeImporter::severalRecipesNotice());
+    return {.draft = read.draft, .needsReview = true};
 }
 
 QList<TextLine> linesOf(const QString& path)
@@ -90,17 +157,13 @@ QList<TextLine> linesOf(const QString& path)
 
 RecipeDraft draftOfSavedPage(const QString& path, const QUrl& pageUrl)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        throw Failure(QStringLiteral("“%1” could not be read: %2.").arg(path, file.errorString()));
-    const QByteArray html = file.read(maximumPageBytes + 1);
-    try {
-        if (html.size() > maximumPageBytes)
-            throw RecipeImportError::tooLarge();
-        return RecipeImporter::parse(html, pageUrl);
-    } catch (const RecipeImportError& error) {
-        throw Failure(error.errorDescription());
-    }
+    return parsedPage(readPage(path), pageUrl);
+}
+
+RecipeDraft draftOfText(const QByteArray& input)
+{
+    const auto lines = input.trimmed().startsWith('[') ? TextLines::fromJson(input) : std::nullopt;
+    return RecipeTextParser::parse(lines ? *lines : TextLines::fromPlainText(QString::fromUtf8(input)));
 }
 
 RecipeDraft withSafePhoto(RecipeDraft draft)

@@ -1,7 +1,7 @@
 #include "cli/TextVerbs.h"
 
 #include "cli/DraftFile.h"
-#include "import/document/RecipeTextParser.h"
+#include "cli/Sources.h"
 #include "text/DirectionTokenizer.h"
 #include "text/Duration.h"
 #include "text/HTMLText.h"
@@ -87,11 +87,7 @@ QJsonObject toJson(const DirectionSegment& segment)
 /// Plain lines, or the JSON that `lines` prints.
 int parse(const Arguments&, const Console& console)
 {
-    const QByteArray input = readFile(QStringLiteral("-"), console, 64 << 20);
-    const bool isJson = input.trimmed().startsWith('[');
-    const auto lines = isJson ? TextLines::fromJson(input) : std::nullopt;
-    console.print(RecipeTextParser::parse(lines ? *lines : TextLines::fromPlainText(QString::fromUtf8(input)))
-                      .toJson());
+    console.print(draftOfText(readFile(QStringLiteral("-"), console, 64 << 20)).toJson());
     return Done;
 }
 

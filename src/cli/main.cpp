@@ -1,12 +1,10 @@
 #include "cli/Console.h"
 #include "cli/DraftVerb.h"
 #include "cli/LibraryVerbs.h"
+#include "cli/Program.h"
 #include "cli/TextVerbs.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtCore/QFile>
-
-#include <cstdio>
 
 using namespace ovrin::cli;
 
@@ -25,19 +23,6 @@ QString overview(const QList<Verb>& verbs)
     return text +
            QStringLiteral("\n“ovrin-cli VERB --help” says more of each. Exit status: 0 done, 1 failed,\n"
                           "2 wrong usage, 3 the draft needs review (printed all the same).");
-}
-
-QString helpOf(const Verb& verb)
-{
-    QString text = QStringLiteral("Usage: ovrin-cli %1\n\n%2").arg(verb.synopsis, verb.help);
-    if (!verb.options.isEmpty())
-        text += QStringLiteral("\n");
-    for (const Option& option : verb.options) {
-        const QString name =
-            QStringLiteral("--") + option.name + (option.value.isEmpty() ? QString() : u' ' + option.value);
-        text += QStringLiteral("\n  %1 %2").arg(name, -22).arg(option.help);
-    }
-    return text;
 }
 
 /// The verb that `words` begin with, and what follows it. "library list" is a verb of two words;
@@ -82,20 +67,7 @@ int run(QStringList words, const Console& console)
                       .arg(asked.join(u' ')));
         return WrongUsage;
     }
-    if (words.contains(QStringLiteral("--help"))) {
-        console.print(helpOf(*verb));
-        return Done;
-    }
-    try {
-        return verb->run(readArguments(*verb, words), console);
-    } catch (const UsageError& error) {
-        console.complain(
-            QStringLiteral("%1\nUsage: ovrin-cli %2").arg(QString::fromUtf8(error.what()), verb->synopsis));
-        return WrongUsage;
-    } catch (const Failure& failure) {
-        console.complain(QString::fromUtf8(failure.what()));
-        return Failed;
-    }
+    return runVerb(QStringLiteral("ovrin-cli"), *verb, words, console);
 }
 
 } // namespace
@@ -105,13 +77,6 @@ int main(int argc, char** argv)
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("ovrin"));
     QCoreApplication::setApplicationVersion(QStringLiteral(OVRIN_VERSION));
-    QFile in;
-    QFile out;
-    QFile err;
-    if (!in.open(stdin, QIODevice::ReadOnly) || !out.open(stdout, QIODevice::WriteOnly) ||
-        !err.open(stderr, QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return Failed;
-    const int status = run(QCoreApplication::arguments().mid(1), Console{in, out, err, QLocale::system()});
-    // A full disk or a closed pipe behind standard output is a failure, not a success without data.
-    return out.flush() && std::fflush(stdout) == 0 ? status : (status == Done ? int(Failed) : status);
+    return onStandardStreams(
+        [](const Console& console) { return run(QCoreApplication::arguments().mid(1), console); });
 }

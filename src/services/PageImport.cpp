@@ -14,4 +14,18 @@ PageImport::PageImport(const QString& programFolder)
 {
 }
 
+QCoro::Task<RecipeDraft> PageImport::savedPage(QByteArray html, QUrl address)
+{
+    RecipeDraft draft = parsedPage(html, address);
+    const std::stop_token never;
+    co_return co_await m_importer.loadImage(std::move(draft), never);
+}
+
+RecipeDraft PageImport::parsedPage(const QByteArray& html, const QUrl& address)
+{
+    if (html.size() > maximumPageBytes)
+        throw RecipeImportError::tooLarge();
+    return RecipeImporter::parse(html, address);
+}
+
 } // namespace ovrin

@@ -16,7 +16,15 @@ public:
     /// `programFolder` is where this program lies; the helpers are found from there.
     explicit PageImport(const QString& programFolder);
 
+    /// A page that is here already is read up to this size, as a downloaded one is.
+    static constexpr qsizetype maximumPageBytes = qsizetype(32) << 20;
+
     RecipeImporter& importer() { return m_importer; }
+    /// The draft of a page that is here already: its photo is fetched, the page itself is not. `address` may
+    /// be empty. Throws RecipeImportError.
+    QCoro::Task<RecipeDraft> savedPage(QByteArray html, QUrl address);
+    /// The same without the photo.
+    static RecipeDraft parsedPage(const QByteArray& html, const QUrl& address);
     PhotoMaker& photos() { return *m_photos; }
 
 private:

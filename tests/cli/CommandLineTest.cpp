@@ -1,58 +1,25 @@
 #include "support/LocalServer.h"
+#include "support/ProgramTest.h"
 
-#include <QtCore/QEventLoop>
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <QtCore/QProcess>
 #include <QtCore/QRegularExpression>
-#include <QtCore/QTemporaryDir>
 #include <gtest/gtest.h>
 
 using namespace ovrin;
 
 namespace {
 
-struct Answer
-{
-    int status;
-    QString out;
-    QString err;
-};
-
-/// The real program, with a library folder of the test's own.
-class CommandLineTest : public testing::Test
+/// The command line with a library folder of the test's own.
+class CommandLineTest : public ProgramTest
 {
 protected:
     Answer run(const QStringList& arguments, const QByteArray& input = {})
     {
-        QProcess process;
-        auto environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("XDG_DATA_HOME"), home.path());
-        environment.insert(QStringLiteral("LC_ALL"), locale);
-        environment.remove(QStringLiteral("DISPLAY"));
-        process.setProcessEnvironment(environment);
-        QEventLoop loop; // the local server answers in it
-        QObject::connect(&process, &QProcess::finished, &loop, &QEventLoop::quit);
-        process.start(QStringLiteral(OVRIN_CLI), arguments);
-        process.write(input);
-        process.closeWriteChannel();
-        loop.exec();
-        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-                QString::fromUtf8(process.readAllStandardOutput()),
-                QString::fromUtf8(process.readAllStandardError())};
+        return start(QStringLiteral(OVRIN_CLI), arguments, input);
     }
-
-    QString write(const QString& name, const QByteArray& bytes) const
-    {
-        const QString path = home.filePath(name);
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-        return path;
-    }
-
-    QTemporaryDir home;
-    QString locale = QStringLiteral("C.UTF-8");
 };
 
 QByteArray page(const QByteArray& instructions)

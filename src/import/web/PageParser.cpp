@@ -112,7 +112,9 @@ RecipeDraft parsePage(QByteArrayView html, const QUrl& pageURL)
     const PageRecipe recipe = recipeIn(page);
     RecipeDraft draft = draftOf(recipe.value, pageURL);
     fillGaps(draft, page, pageURL);
-    draft.sourceURL = pageURL;
+    if (!pageURL.isEmpty()) {
+        draft.sourceURL = pageURL;
+    }
     draft.title = oneLine(draft.title);
     draft.summary = oneLine(draft.summary);
     if (draft.title.isEmpty()) {
