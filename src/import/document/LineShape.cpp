@@ -120,6 +120,14 @@ bool LineShape::startsWithAmount(const QString& text)
     return amount.match(text).hasMatch();
 }
 
+bool LineShape::isBareAmount(const QString& text)
+{
+    static const QRegularExpression amount =
+        pattern(u"^[\\d½¼¾⅓⅔⅛⅜⅝⅞⅕⅖⅗⅘⅙⅚][\\d\\s.,/⁄½¼¾⅓⅔⅛⅜⅝⅞⅕⅖⅗⅘⅙⅚–-]*(\\p{L}{0,12}\\.?)$");
+    const auto match = amount.match(text);
+    return match.hasMatch() && (match.captured(1).isEmpty() || hasUnitAfterAmount(text));
+}
+
 bool LineShape::endsSentence(const QString& text)
 {
     static const QRegularExpression end = pattern(u"[.!?…:][)\\]\"'”’»]*$");

@@ -28,6 +28,9 @@ QString withoutBullet(const QString& text);
 /// A digit or a fraction first, perhaps behind a bullet.
 bool startsWithAmount(const QString& text);
 
+/// An amount with nothing that it is an amount of: "200 g", "1½", "2 cups".
+bool isBareAmount(const QString& text);
+
 /// Above 1 the line is most likely an ingredient, below 0 most likely none.
 double ingredientLikeness(const QString& text);
 

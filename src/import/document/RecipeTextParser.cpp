@@ -1,6 +1,7 @@
 #include "import/document/RecipeTextParser.h"
 
 #include "import/document/LineShape.h"
+#include "import/document/PageColumns.h"
 #include "import/document/PageFurniture.h"
 #include "import/document/RecipeFacts.h"
 #include "import/document/RecipeHead.h"
@@ -70,7 +71,7 @@ void takeFacts(QList<TextLine>& lines, RecipeDraft& draft, bool onlyLabelled)
 
 RecipeTextParser::Result RecipeTextParser::parseFirst(const QList<TextLine>& lines)
 {
-    QList<TextLine> text = PageFurniture::removed(lines);
+    QList<TextLine> text = PageColumns::regrouped(PageFurniture::removed(lines));
     repairZeros(text);
     RecipeOutline parts = outline(text);
     Result result;

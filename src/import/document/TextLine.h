@@ -21,6 +21,9 @@ struct TextLine
     double relativeHeight = 1;
     /// The page's index, from 0.
     int page = 0;
+    /// Where the line stands on its page, in the coordinates of `TextBox`; null where nobody knows, as in plain
+    /// text. It is left out of JSON.
+    QRectF place = {};
 
     bool operator==(const TextLine&) const = default;
 };

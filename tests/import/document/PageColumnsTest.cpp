@@ -1,0 +1,110 @@
+#include "PagePicture.h"
+
+#include "import/document/PageColumns.h"
+
+using namespace ovrin;
+
+namespace {
+
+struct PageCase
+{
+    const char* name;
+    const char* picture;
+    /// The texts in order, parted by "/"; "#" in front of one that starts a block.
+    const char* read;
+};
+
+class PageColumnsOf : public testing::TestWithParam<PageCase>
+{
+};
+
+std::string reading(const QList<TextLine>& lines)
+{
+    QStringList texts;
+    for (const TextLine& line : lines) {
+        texts.append((line.startsBlock ? QStringLiteral("#") : QString()) + line.text);
+    }
+    return texts.join(u'/').toStdString();
+}
+
+} // namespace
+
+TEST_P(PageColumnsOf, AreReadOneAfterTheOther)
+{
+    EXPECT_EQ(reading(PageColumns::regrouped(pagePicture(GetParam().picture))), GetParam().read);
+}
+
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Pages, PageColumnsOf, testing::Values(
+    PageCase{"BelowSpanningLines",
+        "A soup for all of the cold days that there are\n"
+        "Prep time: 10 min and cooking time: 20 min\n"
+        "\n"
+        "1 onion                 Cut the onion into\n"
+        "2 carrots               small cubes.\n"
+        "Salt                    Boil everything.\n"
+        "\n"
+        "Copied from the book of all of grandmother's soups\n",
+        "#A soup for all of the cold days that there are/Prep time: 10 min and cooking time: 20 min/"
+        "#1 onion/2 carrots/Salt/#Cut the onion into/small cubes./Boil everything./"
+        "#Copied from the book of all of grandmother's soups"},
+    PageCase{"InSeveralBands",
+        "1 onion                 Cut the onion into\n"
+        "2 carrots               small cubes.\n"
+        "Salt                    Boil everything.\n"
+        "For the dumplings, which are made on the day before\n"
+        "200 g flour             Knead the dough.\n"
+        "1 egg                   Let it rest.\n"
+        "Milk                    Form dumplings.\n",
+        "#1 onion/2 carrots/Salt/#Cut the onion into/small cubes./Boil everything./"
+        "#For the dumplings, which are made on the day before/"
+        "200 g flour/1 egg/Milk/#Knead the dough./Let it rest./Form dumplings."},
+    PageCase{"OfThree",
+        "1 onion           2 eggs            Cut it all.\n"
+        "2 carrots         Milk              Boil it.\n"
+        "Salt              Butter            Eat it.\n",
+        "#1 onion/2 carrots/Salt/#2 eggs/Milk/Butter/#Cut it all./Boil it./Eat it."},
+    PageCase{"BelowATitleOverOneOfThem",
+        "                        Onion soup\n"
+        "\n"
+        "1 onion                 Cut the onion into\n"
+        "2 carrots               small cubes.\n"
+        "Salt                    Boil everything.\n",
+        "#Onion soup/#1 onion/2 carrots/Salt/#Cut the onion into/small cubes./Boil everything."},
+    PageCase{"ThatAreTooShortForColumns",
+        "Prep                Cook                Serves\n"
+        "10 min              20 min              4\n",
+        "#Prep/Cook/Serves/10 min/20 min/4"},
+    PageCase{"OfOnlyOneColumnSetInNowAndThen",
+        "A\n"
+        "B\n"
+        "C\n"
+        "                     D\n"
+        "                     E\n"
+        "                     F\n",
+        "#A/B/C/D/E/F"},
+    PageCase{"WhoseCellsMakeUpATable",
+        "Flour               200 g\n"
+        "Sugar, brown        1 cup\n"
+        "Eggs                2\n"
+        "Salt\n"
+        "Milk                1/2 l\n",
+        "#Flour 200 g/Sugar, brown 1 cup/Eggs 2/Salt/Milk 1/2 l"}),
+    [](const auto& drawn) { return std::string(drawn.param.name); });
+// clang-format on
+
+TEST(PageColumns, LeaveLinesWithoutPlacesAndPagesOfTooManyLinesAsTheyAre)
+{
+    QList<TextLine> lines = TextLines::fromPlainText(QStringLiteral("b\na\nc"));
+    EXPECT_EQ(PageColumns::regrouped(lines), lines);
+    for (TextLine& line : lines) {
+        line.place = {std::nan(""), 0, 1, 1};
+    }
+    EXPECT_EQ(PageColumns::regrouped(lines).size(), 3);
+    EXPECT_EQ(PageColumns::regrouped(lines)[0].text, u"b");
+    lines.clear();
+    for (int i = 0; i < 2000; ++i) {
+        lines.append({QString::number(i), false, 1, 0, {i % 2 * 0.5, 1 - i / 2000.0, 0.1, 0.0004}});
+    }
+    EXPECT_EQ(PageColumns::regrouped(lines), lines);
+}
