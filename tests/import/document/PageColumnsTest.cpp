@@ -58,7 +58,7 @@ INSTANTIATE_TEST_SUITE_P(Pages, PageColumnsOf, testing::Values(
         "Milk                    Form dumplings.\n",
         "#1 onion/2 carrots/Salt/#Cut the onion into/small cubes./Boil everything./"
         "#For the dumplings, which are made on the day before/"
-        "200 g flour/1 egg/Milk/#Knead the dough./Let it rest./Form dumplings."},
+        "#200 g flour/1 egg/Milk/#Knead the dough./Let it rest./Form dumplings."},
     PageCase{"OfThree",
         "1 onion           2 eggs            Cut it all.\n"
         "2 carrots         Milk              Boil it.\n"
