@@ -2,24 +2,31 @@
 
 #include "material/Words.h"
 
-#include <QtCore/QJsonObject>
 #include <QtCore/QRegularExpression>
-#include <QtGui/QFontMetricsF>
-#include <QtGui/QPainter>
-
-#include <algorithm>
 
 namespace ovrin::material {
 
 namespace {
 
-constexpr double unitsPerPoint = 10;
 constexpr double gutter = 24;
+
+SheetStyle styleOf(const Layout& layout)
+{
+    return {.page = layout.page,
+            .margin = layout.margin,
+            .family = layout.family,
+            .leading = layout.leading,
+            .justified = layout.justified,
+            .hyphenated = layout.hyphenated,
+            .headRoom = layout.runningHead || layout.printHeader ? 24.0 : 0.0,
+            .footRoom = layout.pageNumbers || layout.siteName ? 16.0 : 0.0};
+}
 
 } // namespace
 
 Typesetter::Typesetter(const Recipe& recipe, const Layout& layout)
-    : m_recipe(recipe)
+    : Sheet(styleOf(layout))
+    , m_recipe(recipe)
     , m_layout(layout)
 {
     const double width = layout.page.width() - 2 * layout.margin;
@@ -53,125 +60,6 @@ Typesetter::Typesetter(const Recipe& recipe, const Layout& layout)
         setAfter();
     }
     setFurniture();
-}
-
-int Typesetter::pageCount() const
-{
-    int last = 0;
-    for (const Placed& line : m_placed) {
-        last = std::max(last, line.page);
-    }
-    return last + 1;
-}
-
-void Typesetter::draw(QPainter& painter, int page) const
-{
-    for (const Placed& line : m_placed) {
-        if (line.page == page) {
-            painter.setFont(line.font);
-            painter.drawText(line.baseline * unitsPerPoint, line.text);
-        }
-    }
-}
-
-QFont Typesetter::font(double size, bool bold) const
-{
-    QFont font(m_layout.family);
-    font.setPixelSize(qRound(size * unitsPerPoint));
-    font.setBold(bold);
-    // A PDF made here names no characters for the alternate shapes that shaping puts in.
-    font.setStyleStrategy(QFont::PreferNoShaping);
-    return font;
-}
-
-double Typesetter::bottom() const
-{
-    return m_layout.page.height() - m_layout.margin - (m_layout.pageNumbers || m_layout.siteName ? 16 : 0);
-}
-
-void Typesetter::nextFrame()
-{
-    if (++m_frame >= m_frames.size()) {
-        m_frame = 0;
-        ++m_page;
-        for (Frame& frame : m_frames) {
-            frame.top = m_layout.margin + (m_layout.runningHead || m_layout.printHeader ? 24 : 0);
-        }
-    }
-    m_y = m_frames[m_frame].top;
-}
-
-void Typesetter::advance(double height)
-{
-    if (m_y + height > bottom()) {
-        nextFrame();
-    }
-}
-
-QStringList Typesetter::broken(const QString& text, const QFont& font, double first, double rest) const
-{
-    const QFontMetricsF metrics(font);
-    static const QRegularExpression syllable(
-        QStringLiteral("(?<=[aeiouäöü][bcdfgklmnprst])(?=[bcdfgklmnprstvw][aeiouäöü])"));
-    QStringList lines{QString()};
-    const auto room = [&] { return (lines.size() == 1 ? first : rest) * unitsPerPoint; };
-    for (QString word : text.split(u' ', Qt::SkipEmptyParts)) {
-        const QString lead = lines.last().isEmpty() ? QString() : QStringLiteral(" ");
-        if (metrics.horizontalAdvance(lines.last() + lead + word) <= room()) {
-            lines.last() += lead + word;
-            continue;
-        }
-        const auto cut = syllable.match(word, 3);
-        const QString left = cut.hasMatch() ? word.first(cut.capturedStart()) + u'-' : QString();
-        if (m_layout.hyphenated && word.size() > 7 && cut.hasMatch() &&
-            word.size() - cut.capturedStart() >= 3 &&
-            metrics.horizontalAdvance(lines.last() + lead + left) <= room()) {
-            lines.last() += lead + left;
-            word = word.mid(cut.capturedStart());
-            lines.append(word);
-        } else if (lines.last().isEmpty()) {
-            lines.last() = word;
-        } else {
-            lines.append(word);
-        }
-    }
-    return lines;
-}
-
-void Typesetter::paragraph(const QString& text, const Style& style)
-{
-    const QFont face = font(style.size, style.bold);
-    const QFontMetricsF metrics(face);
-    const double width = m_frames[m_frame].width - style.indent;
-    const QStringList lines = broken(text, face, width - style.firstIndent, width);
-    const double height = style.size * m_layout.leading;
-    for (qsizetype i = 0; i < lines.size(); ++i) {
-        advance(height);
-        const double natural = metrics.horizontalAdvance(lines[i]) / unitsPerPoint;
-        const double room = width - (i == 0 ? style.firstIndent : 0);
-        double left = m_frames[m_frame].left + style.indent + (i == 0 ? style.firstIndent : 0);
-        left += style.centred ? (room - natural) / 2 : 0;
-        QFont own = face;
-        const auto spaces = lines[i].count(u' ');
-        if (m_layout.justified && style.mayJustify && i + 1 < lines.size() && spaces > 2) {
-            own.setWordSpacing((room - natural) * unitsPerPoint / static_cast<double>(spaces));
-        }
-        m_placed.append({m_page, {left, m_y + style.size}, lines[i], own});
-        m_y += height;
-    }
-    m_y += style.after * style.size;
-}
-
-void Typesetter::at(double left, const QString& text, double size, bool bold)
-{
-    m_placed.append({m_page, {left, m_y + size}, text, font(size, bold)});
-}
-
-void Typesetter::record(const char16_t* kind, const QString& text)
-{
-    m_truth.append(QJsonObject{{QStringLiteral("kind"), QString::fromUtf16(kind)},
-                               {QStringLiteral("text"), text},
-                               {QStringLiteral("page"), m_page}});
 }
 
 void Typesetter::setHead()

@@ -1,8 +1,8 @@
+#include "material/HeldOutTwo.h"
 #include "material/Typesetter.h"
 
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QDir>
-#include <QtCore/QDirIterator>
 #include <QtCore/QFile>
 #include <QtCore/QJsonDocument>
 #include <QtGui/QGuiApplication>
@@ -18,11 +18,11 @@ namespace {
 
 using namespace ovrin::material;
 
-void writePdf(const Typesetter& pages, const Layout& layout, const QString& path)
+void writePdf(const Sheet& pages, const QString& path)
 {
     QPdfWriter writer(path);
     writer.setResolution(720);
-    writer.setPageSize(QPageSize(layout.page, QPageSize::Point, {}, QPageSize::ExactMatch));
+    writer.setPageSize(QPageSize(pages.style().page, QPageSize::Point, {}, QPageSize::ExactMatch));
     writer.setPageMargins({});
     QPainter painter(&writer);
     for (int page = 0; page < pages.pageCount(); ++page) {
@@ -33,10 +33,10 @@ void writePdf(const Typesetter& pages, const Layout& layout, const QString& path
     }
 }
 
-void writePicture(const Typesetter& pages, const Layout& layout, const QString& path)
+void writePicture(const Sheet& pages, const QString& path)
 {
     constexpr double pixelsPerPoint = 2.5;
-    QImage image((layout.page * pixelsPerPoint).toSize(), QImage::Format_RGB32);
+    QImage image((pages.style().page * pixelsPerPoint).toSize(), QImage::Format_RGB32);
     image.fill(Qt::white);
     QPainter painter(&image);
     painter.scale(pixelsPerPoint / 10, pixelsPerPoint / 10);
@@ -45,24 +45,64 @@ void writePicture(const Typesetter& pages, const Layout& layout, const QString& 
     image.save(path);
 }
 
-void set(const Recipe& recipe, const QString& name, const QDir& folder, const QString& only, bool pictures)
+struct Target
 {
+    QDir folder;
+    QString onlyLayout;
+    bool pictures;
+};
+
+void write(const Sheet& pages, const Target& target, const QString& group, const QString& name)
+{
+    const QString base = target.folder.filePath(group + u'/' + name);
+    writePdf(pages, base + QStringLiteral(".pdf"));
+    if (target.pictures) {
+        writePicture(pages, base + QStringLiteral(".png"));
+    }
+    QFile truth(base + QStringLiteral(".json"));
+    if (truth.open(QIODevice::WriteOnly)) {
+        truth.write(QJsonDocument(pages.truth()).toJson());
+    }
+}
+
+struct Named
+{
+    QString name;
+    Recipe recipe;
+};
+
+void set(const Named& one, const Recipe* next, const Target& target)
+{
+    const auto wanted = [&](const QString& layout) {
+        return target.onlyLayout.isEmpty() || layout == target.onlyLayout;
+    };
+    const QString join = QStringLiteral("__");
     for (const Layout& layout : layouts()) {
-        if (!only.isEmpty() && layout.name != only) {
-            continue;
-        }
-        const QString group = layout.heldOut ? QStringLiteral("held-out") : QStringLiteral("known");
-        const QString base = folder.filePath(group + u'/' + name + QStringLiteral("__") + layout.name);
-        const Typesetter pages(recipe, layout);
-        writePdf(pages, layout, base + QStringLiteral(".pdf"));
-        if (pictures) {
-            writePicture(pages, layout, base + QStringLiteral(".png"));
-        }
-        QFile truth(base + QStringLiteral(".json"));
-        if (truth.open(QIODevice::WriteOnly)) {
-            truth.write(QJsonDocument(pages.truth()).toJson());
+        if (wanted(layout.name)) {
+            write(Typesetter(one.recipe, layout), target,
+                  layout.heldOut ? QStringLiteral("held-out") : QStringLiteral("known"),
+                  one.name + join + layout.name);
         }
     }
+    for (const HeldOutPage& page : heldOutTwo()) {
+        if (wanted(page.name)) {
+            Sheet sheet(page.style);
+            page.set(sheet, one.recipe, next);
+            write(sheet, target, QStringLiteral("held-out-two"), one.name + join + page.name);
+        }
+    }
+}
+
+/// The recipe after this one that is in the same language.
+const Recipe* nextOf(const QList<Named>& recipes, qsizetype index)
+{
+    for (qsizetype i = 1; i < recipes.size(); ++i) {
+        const Recipe& other = recipes[(index + i) % recipes.size()].recipe;
+        if (other.language == recipes[index].recipe.language) {
+            return &other;
+        }
+    }
+    return nullptr;
 }
 
 } // namespace
@@ -85,22 +125,24 @@ int main(int argc, char** argv)
     if (parser.positionalArguments().size() != 2) {
         parser.showHelp(2);
     }
-    const QDir target(parser.positionalArguments()[1]);
-    target.mkpath(QStringLiteral("known"));
-    target.mkpath(QStringLiteral("held-out"));
-    QDirIterator files(parser.positionalArguments()[0], {QStringLiteral("*.md")});
-    int count = 0;
-    while (files.hasNext()) {
-        QFile file(files.next());
-        if (!file.open(QIODevice::ReadOnly)) {
-            continue;
-        }
-        if (const auto recipe = readMarkdown(QString::fromUtf8(file.readAll()))) {
-            set(*recipe, files.fileInfo().completeBaseName(), target, parser.value(layout),
-                parser.isSet(pictures));
-            ++count;
+    const Target target{parser.positionalArguments()[1], parser.value(layout), parser.isSet(pictures)};
+    for (const QString& group :
+         {QStringLiteral("known"), QStringLiteral("held-out"), QStringLiteral("held-out-two")}) {
+        target.folder.mkpath(group);
+    }
+    QList<Named> recipes;
+    const QDir source(parser.positionalArguments()[0]);
+    for (const QFileInfo& info : source.entryInfoList({QStringLiteral("*.md")}, QDir::Files, QDir::Name)) {
+        QFile file(info.filePath());
+        if (file.open(QIODevice::ReadOnly)) {
+            if (const auto recipe = readMarkdown(QString::fromUtf8(file.readAll()))) {
+                recipes.append({info.completeBaseName(), *recipe});
+            }
         }
     }
-    std::cout << count << " recipes set\n";
-    return count > 0 ? 0 : 1;
+    for (qsizetype i = 0; i < recipes.size(); ++i) {
+        set(recipes[i], nextOf(recipes, i), target);
+    }
+    std::cout << recipes.size() << " recipes set\n";
+    return recipes.isEmpty() ? 1 : 0;
 }

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Scores drafts against pages whose recipe is known.
 
-    score.py DRAFTS.jsonl [--show N] [--layout NAME]
+    score.py DRAFTS.jsonl [--show N] [--layout NAME] [--set FOLDER] [--totals]
 
 DRAFTS.jsonl has a line {"path": PDF, "draft": {...}} a page; beside each PDF lies NAME.json with what a reader should
 find (`set-recipes` writes both). A layout a line: titles found, ingredient lines exactly right, character errors of
@@ -39,6 +39,8 @@ def main():
     parser.add_argument("drafts")
     parser.add_argument("--show", type=int, default=0)
     parser.add_argument("--layout")
+    parser.add_argument("--set", help="only pages of this folder: known, held-out, held-out-two")
+    parser.add_argument("--totals", action="store_true", help="the totals alone, nothing of single pages or layouts")
     args = parser.parse_args()
     totals = collections.defaultdict(lambda: [0] * 8)
     shown = 0
@@ -46,7 +48,8 @@ def main():
         row = json.loads(row)
         name = os.path.basename(row["path"])[:-4]
         layout = name.rpartition("__")[2]
-        if args.layout and layout != args.layout:
+        folder = os.path.basename(os.path.dirname(row["path"]))
+        if (args.layout and layout != args.layout) or (args.set and folder != args.set):
             continue
         lines = json.load(open(row["path"][:-4] + ".json", encoding="utf-8"))
         draft = row["draft"]
@@ -60,7 +63,7 @@ def main():
                                len(got), sum(g not in wanted for g in got))):
             totals[layout][k] += v
         faults = [i for i in wanted if i not in got], [g for g in got if g not in wanted]
-        if shown < args.show and (faults[0] or faults[1] or wrong * 20 > len(steps) or plain(draft["title"]) != title):
+        if shown < args.show and not args.totals and (faults[0] or faults[1] or wrong * 20 > len(steps) or plain(draft["title"]) != title):
             shown += 1
             print(f"--- {name}")
             if plain(draft["title"]) != title:
@@ -74,8 +77,8 @@ def main():
                     if op[0] != "equal":
                         print(f"    {' '.join(steps.split(' ')[op[1]:op[2]])[:150]!r} -> {' '.join(text.split(' ')[op[3]:op[4]])[:150]!r}")
     every = [sum(t[k] for t in totals.values()) for k in range(8)]
-    for layout, t in [*sorted(totals.items()), ("all", every)]:
-        print(f"{layout:22s} {t[0]:4d} pages  titles {100 * t[1] / t[0]:5.1f} %  ingredients {100 * t[3] / max(1, t[2]):5.1f} % of {t[2]:5d}"
+    for layout, t in [*([] if args.totals else sorted(totals.items())), ("all", every)]:
+        print(f"{layout:22s} {t[0]:4d} pages  titles {100 * t[1] / max(1, t[0]):5.1f} %  ingredients {100 * t[3] / max(1, t[2]):5.1f} % of {t[2]:5d}"
               f"  steps {100 * t[5] / max(1, t[4]):5.2f} % wrong  invented {t[7]}/{t[6]}")
 
 
