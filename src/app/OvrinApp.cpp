@@ -3,6 +3,7 @@
 #include "app/Groceries.h"
 #include "app/WindowPlace.h"
 #include "platform/inhibit/DisplayAwake.h"
+#include "platform/instance/WindowActivation.h"
 #include "platform/notifications/DesktopNotificationCenter.h"
 #include "platform/reader/DocumentReader.h"
 #include "services/Inbox.h"
@@ -14,6 +15,11 @@
 #include <QtQuick/QQuickWindow>
 
 namespace ovrin {
+
+namespace {
+/// More than anyone opens on purpose: a folder opened by mistake must not start a thousand imports.
+constexpr qsizetype mostOpened = 50;
+} // namespace
 
 OvrinApp::Folders OvrinApp::Folders::usual(const QString& library)
 {
@@ -104,13 +110,29 @@ bool OvrinApp::openWindow()
     return true;
 }
 
-void OvrinApp::handle(const QUrl& url)
+void OvrinApp::bringForward(const ActivationToken& token)
 {
-    m_model.handle(url);
-    if (auto* const window = qobject_cast<QQuickWindow*>(m_window.get())) {
-        window->raise();
-        window->requestActivate();
-    }
+    if (auto* const window = qobject_cast<QQuickWindow*>(m_window.get()))
+        ovrin::bringForward(*window, token);
+}
+
+void OvrinApp::open(const QUrl& address)
+{
+    // A page typed after the program's name is meant to be imported as much as one in a link of ours.
+    if (address.scheme() == QLatin1String("http") || address.scheme() == QLatin1String("https"))
+        m_importer.importPage(address);
+    else
+        m_model.handle(address);
+}
+
+void OvrinApp::serve(const StartRequest& request)
+{
+    for (const QUrl& address : request.addresses.first(qMin(request.addresses.size(), mostOpened)))
+        open(address);
+    if (request.action == QStringLiteral("new-recipe"))
+        m_model.createRecipe();
+    else if (request.action == QStringLiteral("import-from-web"))
+        Q_EMIT m_model.importSheetWanted();
 }
 
 } // namespace ovrin

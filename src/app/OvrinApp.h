@@ -7,6 +7,7 @@
 #include "platform/desktop/QtDesktopActions.h"
 #include "platform/desktop/QtPasteboard.h"
 #include "platform/desktop/SettingsFlags.h"
+#include "platform/instance/StartRequest.h"
 #include "platform/sound/DesktopChime.h"
 #include "services/DocumentImport.h"
 #include "services/PageImport.h"
@@ -46,14 +47,17 @@ public:
 
     /// False when the window cannot be made, which only a broken installation brings about.
     bool openWindow();
+    bool hasWindow() const { return m_window != nullptr; }
     /// Something to tell the user once the window stands.
     void say(const QString& message) { m_model.say(message); }
-    void createRecipe() { m_model.createRecipe(); }
-    void showImportSheet() { Q_EMIT m_model.importSheetWanted(); }
-    /// A file or a link from outside.
-    void handle(const QUrl& url);
+    /// Raises the library window, which is shown again when it was closed, as while only a cook window is
+    /// open.
+    void bringForward(const ActivationToken& token);
+    /// Opens the addresses and does the action that a start asks for, in the window that there is.
+    void serve(const StartRequest& request);
 
 private:
+    void open(const QUrl& address);
     ImportCoordinator::Services importServices(const Folders& folders);
     LibraryWindow::Services windowServices();
 

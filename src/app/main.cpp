@@ -1,7 +1,12 @@
+#include "app/CommandLine.h"
 #include "app/OvrinApp.h"
+#include "platform/instance/HandOver.h"
+#include "platform/instance/LibraryName.h"
+#include "platform/instance/RunningInstance.h"
 
-#include <QtCore/QCommandLineParser>
 #include <QtCore/QDir>
+#include <QtCore/QTimer>
+#include <QtDBus/QDBusConnection>
 #include <QtGui/QFont>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QIcon>
@@ -11,32 +16,79 @@
 
 using namespace ovrin;
 
+namespace {
+
+/// How long a program that the bus started waits to be told what for.
+constexpr auto serviceIdle = std::chrono::seconds(10);
+
+void nameApplication()
+{
+    QCoreApplication::setApplicationName(QStringLiteral("ovrin"));
+    QCoreApplication::setOrganizationName(QStringLiteral("ovrin"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(OVRIN_VERSION));
+}
+
+HandOver handOverTo(const QString& library, StartRequest request)
+{
+    request.token = ActivationToken::fromEnvironment();
+    const QString connection = QStringLiteral("hand-over");
+    const HandOver result =
+        handOver(QDBusConnection::connectToBus(QDBusConnection::SessionBus, connection), library, request);
+    QDBusConnection::disconnectFromBus(connection);
+    return result;
+}
+
+/// A later start is over before anything of a window is made.
+HandOver handOverEarly(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    CommandLine line;
+    if (!line.isPlainStart(QCoreApplication::arguments()) || line.isService())
+        return HandOver::NobodyThere;
+    return handOverTo(libraryName(OvrinApp::Folders::usual(line.store()).library), line.request());
+}
+
+/// Whether this process is to show the library itself; otherwise another one does.
+bool takesLibrary(RunningInstance& instance, const CommandLine& line, bool isAnswered)
+{
+    const QString usual = OvrinApp::Folders::usual({}).library;
+    const QString library = OvrinApp::Folders::usual(line.store()).library;
+    switch (instance.claim(library, libraryName(library) == libraryName(usual))) {
+    case RunningInstance::Claim::Taken:
+        return true;
+    case RunningInstance::Claim::Alone:
+        qInfo("No session bus: this Ovrin will not take what later starts ask for.");
+        return true;
+    case RunningInstance::Claim::HeldByAnother:
+        break;
+    }
+    if (isAnswered && handOverTo(libraryName(library), line.request()) == HandOver::Done)
+        return false;
+    qWarning("Another Ovrin shows this library and does not answer.");
+    return true;
+}
+
+} // namespace
+
 int main(int argc, char** argv)
 {
+    nameApplication();
+    const HandOver early = handOverEarly(argc, argv);
+    if (early == HandOver::Done)
+        return 0;
+
     QGuiApplication application(argc, argv);
-    QGuiApplication::setApplicationName(QStringLiteral("ovrin"));
-    QGuiApplication::setOrganizationName(QStringLiteral("ovrin"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Ovrin"));
-    QGuiApplication::setApplicationVersion(QStringLiteral(OVRIN_VERSION));
     QGuiApplication::setDesktopFileName(QStringLiteral("org.ovrin.Ovrin"));
     QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("org.ovrin.Ovrin")));
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
+    CommandLine line;
+    line.process(QCoreApplication::arguments());
+    RunningInstance instance(QDBusConnection::sessionBus());
+    if (!takesLibrary(instance, line, early != HandOver::NoAnswer))
+        return 0;
 
-    QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Keep, scale and cook from your recipes."));
-    parser.addHelpOption();
-    parser.addVersionOption();
-    const QCommandLineOption storeOption(
-        QStringLiteral("store"), QStringLiteral("Use the library in this folder."), QStringLiteral("folder"));
-    const QCommandLineOption newOption(QStringLiteral("new-recipe"), QStringLiteral("Open on a new recipe."));
-    const QCommandLineOption importOption(QStringLiteral("import"),
-                                          QStringLiteral("Open on the import sheet."));
-    parser.addOptions({storeOption, newOption, importOption});
-    parser.addPositionalArgument(QStringLiteral("address"), QStringLiteral("Files and links to open."),
-                                 QStringLiteral("[address...]"));
-    parser.process(application);
-
-    const auto folders = OvrinApp::Folders::usual(parser.value(storeOption));
+    const auto folders = OvrinApp::Folders::usual(line.store());
     RecipeStore::Options options;
     options.folder = folders.library;
     options.locale = QLocale();
@@ -46,15 +98,24 @@ int main(int argc, char** argv)
         return 1;
     }
     OvrinApp app(std::move(opened.store), folders);
-    if (!app.openWindow())
-        return 1;
     if (!opened.notice.isEmpty())
         app.say(opened.notice);
-    for (const QString& address : parser.positionalArguments())
-        app.handle(QUrl::fromUserInput(address, QDir::currentPath(), QUrl::AssumeLocalFile));
-    if (parser.isSet(newOption))
-        app.createRecipe();
-    else if (parser.isSet(importOption))
-        app.showImportSheet();
+    QObject::connect(&instance, &RunningInstance::requested, &app, [&app](const StartRequest& request) {
+        if (app.hasWindow())
+            app.bringForward(request.token);
+        else if (!app.openWindow())
+            return QCoreApplication::exit(1);
+        app.serve(request);
+    });
+    if (line.isService()) {
+        QTimer::singleShot(serviceIdle, &app, [&app] {
+            if (!app.hasWindow())
+                QCoreApplication::quit();
+        });
+    } else if (app.openWindow()) {
+        app.serve(line.request());
+    } else {
+        return 1;
+    }
     return QGuiApplication::exec();
 }
