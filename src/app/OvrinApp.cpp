@@ -107,6 +107,7 @@ bool OvrinApp::openWindow()
         return false;
     m_place = std::make_unique<WindowPlace>(*window, m_settings, QStringLiteral("libraryWindow"));
     window->show();
+    window->requestActivate();
     return true;
 }
 

@@ -21,6 +21,7 @@ T.Menu {
         for (let i = 0; i < count; ++i)
             width = Math.max(width, itemAt(i) ? itemAt(i).implicitWidth : 0)
         widestItem = width
+        fade.restart()
     }
 
     delegate: ActionItem {}
@@ -31,9 +32,8 @@ T.Menu {
         clip: true
         currentIndex: control.currentIndex
         keyNavigationEnabled: true
-        Accessible.role: Accessible.PopupMenu
-        Accessible.name: control.label
     }
+    Binding { target: control.contentItem.parent?.Accessible ?? null; property: "name"; value: control.label }
     background: Item {
         Rectangle {
             anchors.fill: parent
@@ -50,10 +50,6 @@ T.Menu {
             border.color: Theme.line
         }
     }
-    enter: Transition {
-        NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.quick; easing.type: Easing.OutCubic }
-    }
-    exit: Transition {
-        NumberAnimation { property: "opacity"; from: 1; to: 0; duration: Theme.quick; easing.type: Easing.OutCubic }
-    }
+    // Not its own transition, which would keep the keyboard from it until it is through.
+    FadeIn { id: fade; target: control; duration: Theme.quick }
 }

@@ -32,6 +32,7 @@ T.Popup {
     y: parent ? Math.round((parent.height - height) / 2.4) : 0
     width: parent ? Math.min(Theme.alertWidth, parent.width - Theme.gap6) : 0
     implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
+    onAboutToShow: fade.restart()
     onOpened: (confirmText !== "" && !destructive ? confirm : cancel).forceActiveFocus(Qt.TabFocusReason)
 
     T.Overlay.modal: Rectangle { color: Theme.dim }
@@ -40,9 +41,6 @@ T.Popup {
         focus: true
         implicitHeight: column.implicitHeight
         Keys.onEscapePressed: alert.answer(alert.cancelled)
-        Accessible.role: Accessible.AlertMessage
-        Accessible.name: alert.title
-        Accessible.description: alert.message
 
         Column {
             id: column
@@ -96,10 +94,9 @@ T.Popup {
         }
     }
     background: SheetBackground {}
-    enter: Transition {
-        NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.quick; easing.type: Easing.OutCubic }
-    }
-    exit: Transition {
-        NumberAnimation { property: "opacity"; from: 1; to: 0; duration: Theme.quick; easing.type: Easing.OutCubic }
-    }
+    // The popup is an item of its own, around its content: that is the dialog.
+    Binding { target: alert.contentItem.parent?.Accessible ?? null; property: "name"; value: alert.title }
+    Binding { target: alert.contentItem.parent?.Accessible ?? null; property: "description"; value: alert.message }
+    // Not its own transition, which would keep the keyboard from it until it is through.
+    FadeIn { id: fade; target: alert; duration: Theme.quick }
 }

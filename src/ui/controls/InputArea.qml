@@ -7,6 +7,14 @@ T.TextArea {
     id: control
 
     property string label
+    property bool isComplete: false
+
+    /// The text became another one, typed, pasted or put there by an assistive program; not when the field,
+    /// being filled, takes a line break for another.
+    signal written()
+
+    Component.onCompleted: isComplete = true
+    onTextChanged: if (isComplete) written()
 
     implicitHeight: Math.max(Theme.rowHeight * 2, contentHeight + topPadding + bottomPadding)
     implicitWidth: 200

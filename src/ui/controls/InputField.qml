@@ -10,6 +10,10 @@ T.TextField {
     property string label
     /// Takes what is pasted and says so, or leaves it to the field.
     property var pasteHandler: null
+    property bool isComplete: false
+
+    /// The text became another one, typed, pasted or put there by an assistive program.
+    signal written()
 
     implicitHeight: framed ? Theme.controlHeight + 2 : Theme.rowHeight
     implicitWidth: 200
@@ -23,8 +27,14 @@ T.TextField {
     selectedTextColor: Theme.inkOnAccent
     selectByMouse: true
 
-    // A long text that nobody is typing in shows its beginning.
-    onTextChanged: if (!activeFocus) cursorPosition = 0
+    Component.onCompleted: isComplete = true
+    onTextChanged: {
+        // A long text that nobody is typing in shows its beginning.
+        if (!activeFocus)
+            cursorPosition = 0
+        if (isComplete)
+            written()
+    }
     onActiveFocusChanged: if (!activeFocus) ensureVisible(0)
 
     Accessible.role: Accessible.EditableText

@@ -35,6 +35,7 @@ T.Popup {
     height: parent ? Math.min(growing ? Math.max(480, parent.height - Theme.gap10 * 2) : implicitHeight,
                               parent.height - Theme.gap6) : 0
     implicitHeight: bar.height + holder.implicitHeight
+    onAboutToShow: fade.restart()
     onOpened: if (firstField) firstField.forceActiveFocus(Qt.TabFocusReason)
 
     T.Overlay.modal: Rectangle {
@@ -44,8 +45,6 @@ T.Popup {
 
     contentItem: FocusScope {
         focus: true
-        Accessible.role: Accessible.Dialog
-        Accessible.name: sheet.title
         Keys.onEscapePressed: sheet.dismissed()
         Shortcut {
             enabled: sheet.opened && sheet.canConfirm && sheet.confirmText !== ""
@@ -105,11 +104,8 @@ T.Popup {
         }
     }
     background: SheetBackground {}
-
-    enter: Transition {
-        NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.calm; easing.type: Easing.OutCubic }
-    }
-    exit: Transition {
-        NumberAnimation { property: "opacity"; from: 1; to: 0; duration: Theme.quick; easing.type: Easing.OutCubic }
-    }
+    // The popup is an item of its own, around its content: that is the dialog.
+    Binding { target: sheet.contentItem.parent?.Accessible ?? null; property: "name"; value: sheet.title }
+    // Not its own transition, which would keep the keyboard from it until it is through.
+    FadeIn { id: fade; target: sheet; duration: Theme.calm }
 }

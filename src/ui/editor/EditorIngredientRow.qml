@@ -76,7 +76,7 @@ Item {
                 row.rowWanted(last)
             return last >= 0
         }
-        onTextEdited: row.editor.ingredients.write(row.index, text)
+        onWritten: if (text !== row.line) row.editor.ingredients.write(row.index, text)
         Keys.onReturnPressed: event => event.modifiers & Qt.ControlModifier
                               ? event.accepted = false
                               : row.rowWanted(row.editor.ingredients.insertAfter(row.index))

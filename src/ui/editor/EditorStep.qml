@@ -38,7 +38,7 @@ Rectangle {
         label: qsTr("Section heading of step %1 (optional)").arg(card.index + 1)
         placeholderText: qsTr("Section heading (optional)")
         text: card.stepTitle
-        onTextEdited: card.rows.setStepTitle(card.index, text)
+        onWritten: card.rows.setStepTitle(card.index, text)
         Keys.onReturnPressed: event => event.modifiers & Qt.ControlModifier ? event.accepted = false : card.takeFocus()
     }
     MarkButton {
@@ -83,7 +83,7 @@ Rectangle {
         label: qsTr("Directions of step %1").arg(card.index + 1)
         placeholderText: qsTr("What to do")
         text: card.stepText
-        onTextChanged: if (activeFocus) card.rows.setStepText(card.index, text)
+        onWritten: card.rows.setStepText(card.index, text)
     }
     FieldFocus { shown: words.activeFocus; anchors.topMargin: heading.height }
     FieldFocus { shown: heading.activeFocus; anchors.bottomMargin: words.height }

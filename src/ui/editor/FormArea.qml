@@ -36,7 +36,7 @@ Item {
         rightPadding: 0
         implicitHeight: Math.max(Theme.rowHeight, contentHeight + topPadding + bottomPadding)
         label: row.label
-        onTextChanged: if (activeFocus) row.edited(text)
+        onWritten: row.edited(text)
     }
     Rectangle {
         anchors.bottom: parent.bottom

@@ -38,7 +38,7 @@ Item {
         anchors.rightMargin: Theme.gap3
         framed: false
         label: row.label
-        onTextEdited: row.edited(text)
+        onWritten: row.edited(text)
     }
     Rectangle {
         visible: !row.isLast

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Ovrin
 
-T.AbstractButton {
+T.ItemDelegate {
     id: row
 
     property string symbol

@@ -69,6 +69,7 @@ FocusScope {
 
                 PlainText {
                     id: summary
+                    visible: text !== ""
                     y: text === "" ? 0 : Theme.gap8
                     width: Math.min(parent.width, 760 * Theme.textScale)
                     height: text === "" ? 0 : implicitHeight

@@ -1,0 +1,75 @@
+#include "app/support/Desktop.h"
+
+#include <QtCore/QDir>
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusConnectionInterface>
+#include <QtTest/QTest>
+
+#include <gtest/gtest.h>
+
+namespace ovrin::testing {
+
+Desktop::Desktop()
+{
+    QDir(m_home.path()).mkpath(QStringLiteral("run"));
+    QFile::setPermissions(folder(QStringLiteral("run")),
+                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    m_assistance.setProgram(QStringLiteral(OVRIN_AT_SPI_LAUNCHER));
+    m_assistance.setArguments({QStringLiteral("--launch-immediately")});
+    m_assistance.setProcessEnvironment(environment());
+    m_assistance.setProcessChannelMode(QProcess::MergedChannels);
+    m_assistance.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
+    m_assistance.start();
+    const QString name = QStringLiteral("desktop");
+    const QDBusConnection session = QDBusConnection::connectToBus(sessionBus(), name);
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return session.interface()->isServiceRegistered(QStringLiteral("org.a11y.Bus")).value(); },
+        20'000))
+        << m_assistance.readAll().constData();
+    QDBusConnection::disconnectFromBus(name);
+}
+
+Desktop::~Desktop()
+{
+    // It takes its own bus along.
+    m_assistance.terminate();
+    m_assistance.waitForFinished();
+}
+
+bool Desktop::keyboard(const QStringList& arguments) const
+{
+    QProcess xdotool;
+    xdotool.setProcessEnvironment(environment());
+    xdotool.start(QStringLiteral("xdotool"), arguments);
+    return xdotool.waitForFinished() && xdotool.exitCode() == 0;
+}
+
+bool Desktop::strike(const QStringList& keys) const
+{
+    return keyboard(QStringList{QStringLiteral("key")} + keys);
+}
+
+bool Desktop::type(const QString& text) const
+{
+    return keyboard({QStringLiteral("type"), text});
+}
+
+QProcessEnvironment Desktop::environment() const
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("DISPLAY"), QString::fromLatin1(m_display.name()));
+    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), sessionBus());
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    environment.insert(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"), QStringLiteral("1"));
+    environment.insert(QStringLiteral("QT_QUICK_BACKEND"), QStringLiteral("software"));
+    environment.insert(QStringLiteral("GSETTINGS_BACKEND"), QStringLiteral("memory"));
+    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    environment.insert(QStringLiteral("HOME"), m_home.path());
+    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), folder(QStringLiteral("run")));
+    environment.insert(QStringLiteral("XDG_DATA_HOME"), folder(QStringLiteral("data")));
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder(QStringLiteral("config")));
+    environment.insert(QStringLiteral("XDG_CACHE_HOME"), folder(QStringLiteral("cache")));
+    return environment;
+}
+
+} // namespace ovrin::testing

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/VirtualDisplay.h"
+#include "support/dbus/PrivateBus.h"
+
+#include <QtCore/QProcess>
+#include <QtCore/QTemporaryDir>
+
+namespace ovrin::testing {
+
+/// A desktop of the test's own: a display, a session bus with assistive technology, and folders in which the
+/// user has nothing yet.
+class Desktop
+{
+public:
+    Desktop();
+    ~Desktop();
+
+    QString sessionBus() const { return m_bus.address(); }
+    QString folder(const QString& name) const { return m_home.filePath(name); }
+    /// Strikes keys as "ctrl+n", one after the other, for the window that has the keyboard.
+    bool strike(const QStringList& keys) const;
+    bool type(const QString& text) const;
+    /// What a program needs to run on it.
+    QProcessEnvironment environment() const;
+
+private:
+    bool keyboard(const QStringList& arguments) const;
+
+    QTemporaryDir m_home;
+    test::VirtualDisplay m_display;
+    PrivateBus m_bus;
+    QProcess m_assistance;
+};
+
+} // namespace ovrin::testing
