@@ -6,6 +6,7 @@
 #include "ui/images/SymbolProvider.h"
 #include "ui/support/Library.h"
 
+#include <QtQml/QQmlComponent>
 #include <QtQml/QQmlEngine>
 #include <QtQuick/QQuickItem>
 #include <QtQuick/QQuickWindow>
@@ -26,7 +27,7 @@ RecipeDraft pasta()
 {
     RecipeDraft draft;
     draft.title = QStringLiteral("Pasta");
-    draft.ingredients = {QStringLiteral("1 onion"), QStringLiteral("salt")};
+    draft.ingredients = {QStringLiteral("1 onion"), QStringLiteral("salt"), QStringLiteral("To serve:")};
     const auto step = [](const QStringList& paragraphs) {
         return RecipeStep{.title = {}, .paragraphs = paragraphs};
     };
@@ -118,6 +119,27 @@ TEST_F(CookWindowTest, TheKeysWalkTheStops)
     EXPECT_TRUE(comesToTheMiddle(window));
     EXPECT_EQ(after(Qt::Key_Up), 1);
     EXPECT_TRUE(comesToTheMiddle(window));
+}
+
+TEST_F(CookWindowTest, TheCurrentStopStaysInTheMiddleWhenOthersChange)
+{
+    const RecipePtr recipe = library.add(pasta());
+    QQuickWindow* const window = open(recipe->id());
+    QQmlComponent theme(&engine);
+    theme.setData("import QtQml\nimport Ovrin\nQtObject { function reduce(on) { Theme.reducedMotion = on } }",
+                  {});
+    const std::unique_ptr<QObject> motion(theme.create());
+    for (const bool isReduced : {false, true}) {
+        QMetaObject::invokeMethod(motion.get(), "reduce", Q_ARG(QVariant, isReduced));
+        model(window)->select(0);
+        EXPECT_TRUE(comesToTheMiddle(window));
+        model(window)->select(2);
+        EXPECT_TRUE(comesToTheMiddle(window)) << isReduced;
+        RecipeDraft edited = recipe->draft();
+        edited.steps[0].paragraphs[0] += QStringLiteral(" Stir now and then, and taste.").repeated(2);
+        recipe->apply(edited);
+        EXPECT_TRUE(comesToTheMiddle(window)) << isReduced;
+    }
 }
 
 TEST_F(CookWindowTest, EscapeClosesAndLetsTheDisplaySleep)
@@ -239,9 +261,9 @@ TEST_F(CookWindowTest, TicksAreSharedByPanelAndSheet)
 {
     QQuickWindow* const window = open(library.add(pasta())->id(), 640);
     CheckList* const list = model(window)->ingredients();
-    list->toggle(1);
-    list->toggle(7);
-    EXPECT_EQ(list->checked(), QSet<int>{1});
+    for (const int row : {1, 2, 7})
+        list->toggle(row);
+    EXPECT_EQ(list->checked(), QSet<int>{1}) << "a heading is not ticked";
     QMetaObject::invokeMethod(item(window, "ingredientsButton"), "clicked");
     QObject* const sheet = window->findChild<QObject*>(QStringLiteral("ingredientsSheet"));
     EXPECT_TRUE(QTest::qWaitFor([&] { return sheet->property("opened").toBool(); }, patience));

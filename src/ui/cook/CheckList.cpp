@@ -1,5 +1,7 @@
 #include "ui/cook/CheckList.h"
 
+#include "text/IngredientScaler.h"
+
 namespace ovrin {
 
 void CheckList::setLines(const QStringList& lines)
@@ -14,7 +16,7 @@ void CheckList::setLines(const QStringList& lines)
 
 void CheckList::toggle(int row)
 {
-    if (row < 0 || row >= m_lines.size())
+    if (row < 0 || row >= m_lines.size() || IngredientScaler::isSectionHeading(m_lines.at(row)))
         return;
     if (!m_checked.remove(row))
         m_checked.insert(row);
@@ -36,6 +38,8 @@ QVariant CheckList::data(const QModelIndex& index, int role) const
         return m_lines.at(index.row());
     case CheckedRole:
         return m_checked.contains(index.row());
+    case HeadingRole:
+        return IngredientScaler::isSectionHeading(m_lines.at(index.row()));
     default:
         return {};
     }
@@ -43,7 +47,7 @@ QVariant CheckList::data(const QModelIndex& index, int role) const
 
 QHash<int, QByteArray> CheckList::roleNames() const
 {
-    return {{TextRole, "text"}, {CheckedRole, "checked"}};
+    return {{TextRole, "text"}, {CheckedRole, "checked"}, {HeadingRole, "heading"}};
 }
 
 } // namespace ovrin

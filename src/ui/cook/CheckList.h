@@ -18,6 +18,7 @@ public:
     enum Role {
         TextRole = Qt::UserRole + 1,
         CheckedRole,
+        HeadingRole, ///< bool: the line heads the ones below and cannot be ticked
     };
 
     using QAbstractListModel::QAbstractListModel;

@@ -60,6 +60,7 @@ FocusScope {
             anchors.fill: parent
             anchors.margins: Theme.gap5
             heading: qsTr("Ingredients")
+            typeScale: Math.max(0.8, Math.min(1.5, stops.typeScale))
             list: view.cook.ingredients
         }
     }
@@ -89,6 +90,7 @@ FocusScope {
     TimerTray {
         anchors { right: parent.right; bottom: parent.bottom; margins: Theme.gap8 }
         timers: view.cook.timers
+        typeScale: Math.max(1, Math.min(stops.typeScale * 1.2, 2))
         maximumHeight: view.height / 2 - Theme.stepperSize * 1.5 - Theme.gap8 * 2
     }
     Sheet {

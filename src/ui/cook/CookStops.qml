@@ -7,6 +7,8 @@ ListView {
 
     required property CookModeViewModel cook
     property real typeScale: 1
+    /// Whether the current stop is kept in the middle. Not any more once the cook has scrolled away from it.
+    property bool isKept: true
 
     signal linkActivated(string address)
 
@@ -20,7 +22,17 @@ ListView {
         positionViewAtIndex(currentIndex, ListView.Contain)
         spring.jump(restingPlace())
     }
+    /// The stops around the current one, or it itself, have changed their size.
+    function settle() {
+        if (isKept && !spring.moving)
+            Qt.callLater(rest)
+    }
+    function leave(place) {
+        isKept = false
+        spring.jump(place)
+    }
     function go() {
+        isKept = true
         if (!spring.moving)
             spring.jump(contentY)
         if (Theme.reducedMotion)
@@ -49,7 +61,7 @@ ListView {
     onHeightChanged: Qt.callLater(rest)
     onWidthChanged: Qt.callLater(rest)
     onTypeScaleChanged: Qt.callLater(rest)
-    onMovementStarted: spring.jump(contentY)
+    onMovementStarted: leave(contentY)
     Component.onCompleted: Qt.callLater(rest)
 
     Keys.onPressed: event => {
@@ -58,9 +70,14 @@ ListView {
         event.accepted = true
         const bottom = originY + contentHeight - height
         const way = (event.key === Qt.Key_PageDown ? 0.8 : -0.8) * height
-        spring.jump(Math.max(originY, Math.min(bottom, contentY + way)))
+        leave(Math.max(originY, Math.min(bottom, contentY + way)))
     }
 
+    Connections {
+        target: view.currentItem
+        function onYChanged() { view.settle() }
+        function onHeightChanged() { view.settle() }
+    }
     StopSpring {
         id: spring
         onValueChanged: view.contentY = value

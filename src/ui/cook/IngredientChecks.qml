@@ -9,6 +9,7 @@ ListView {
 
     required property CheckList list
     property string heading
+    property real typeScale: 1
 
     clip: true
     model: list
@@ -38,12 +39,13 @@ ListView {
         focusPolicy: Qt.TabFocus
         text: model.text
         checked: model.checked
+        enabled: !model.heading
         // The model alone says what is ticked.
         nextCheckState: () => checkState
         onClicked: view.list.toggle(index)
         Keys.onReturnPressed: clicked()
         Keys.onEnterPressed: clicked()
-        Accessible.role: Accessible.CheckBox
+        Accessible.role: model.heading ? Accessible.Heading : Accessible.CheckBox
         Accessible.name: text
         Accessible.checked: checked
         Accessible.onPressAction: clicked()
@@ -53,15 +55,18 @@ ListView {
             opacity: row.checked ? Theme.cookDimmed : 1
             Symbol {
                 id: mark
+                visible: !row.model.heading
                 anchors.verticalCenter: parent.verticalCenter
                 name: row.checked ? "checkmark.circle.fill" : "circle"
             }
             PlainText {
                 id: line
-                anchors { left: mark.right; right: parent.right; verticalCenter: parent.verticalCenter }
-                anchors.leftMargin: Theme.gap3
+                anchors { left: mark.visible ? mark.right : parent.left; right: parent.right }
+                anchors { leftMargin: mark.visible ? Theme.gap3 : 0; verticalCenter: parent.verticalCenter }
                 text: row.text
-                font: Qt.font({family: Theme.family, pixelSize: Theme.sizeBrand, strikeout: row.checked})
+                color: row.model.heading ? Theme.secondary : Theme.text
+                font: Qt.font({family: Theme.family, pixelSize: Math.round((row.model.heading ? Theme.sizeBody : Theme.sizeBrand) * view.typeScale),
+                               weight: row.model.heading ? Font.DemiBold : Font.Normal, strikeout: row.checked})
                 Accessible.ignored: true
             }
         }

@@ -11,17 +11,21 @@ Item {
     required property string recipeTitle
     required property string timeLeft
     required property bool done
+    property real typeScale: 1
+    readonly property color ink: done ? Theme.inkOnAccent : Theme.text
+    readonly property font words: Qt.font({family: Theme.family, pixelSize: Math.round(Theme.sizeBody * typeScale)})
+    readonly property font timeLeftFont: Qt.font({family: Theme.family, weight: Font.DemiBold,
+                                                  pixelSize: Math.round(Theme.sizeHeadline * typeScale)})
 
     signal stopRequested()
 
-    height: Theme.capsuleHeight
     Accessible.role: Accessible.ListItem
     Accessible.name: done ? qsTr("%1, %2: done").arg(label).arg(recipeTitle)
                           : qsTr("%1, %2: %3 left").arg(label).arg(recipeTitle).arg(timeLeft)
 
     TextMetrics {
         id: widest
-        font: Theme.headline
+        font: capsule.timeLeftFont
         text: time.text.replace(/[0-9]/g, "0")
     }
     Rectangle {
@@ -29,8 +33,8 @@ Item {
         width: Math.min(parent.width, Math.ceil(row.implicitWidth) + Theme.gap4 + Theme.gap2)
         height: parent.height
         radius: height / 2
-        color: Theme.card
-        border.width: Theme.hairline
+        color: capsule.done ? Theme.accent : Theme.card
+        border.width: capsule.done ? 0 : Theme.hairline
         border.color: Theme.line
 
         Row {
@@ -41,7 +45,8 @@ Item {
                 id: bell
                 anchors.verticalCenter: parent.verticalCenter
                 name: capsule.done ? "bell.fill" : "timer"
-                color: capsule.done ? Theme.accent : Theme.text
+                color: capsule.ink
+                size: Math.round(Theme.symbolSize * capsule.typeScale)
                 transformOrigin: Item.Top
                 SequentialAnimation on rotation {
                     running: capsule.done && !Theme.reducedMotion
@@ -56,9 +61,11 @@ Item {
             }
             PlainText {
                 anchors.verticalCenter: parent.verticalCenter
-                width: Math.min(implicitWidth, capsule.width - Theme.symbolSize - time.width - stop.width - 6 * Theme.gap2)
+                width: Math.min(implicitWidth, capsule.width - bell.width - time.width - stop.width - 6 * Theme.gap2)
                 // One line, whatever the label holds.
                 text: capsule.label.replace(/\s+/g, " ")
+                color: capsule.ink
+                font: capsule.words
                 wrapMode: Text.NoWrap
                 maximumLineCount: 1
                 elide: Text.ElideRight
@@ -70,7 +77,8 @@ Item {
                 // As wide as the widest digits, so that the capsule does not tremble.
                 width: Math.ceil(widest.advanceWidth)
                 text: capsule.done ? qsTr("Done") : capsule.timeLeft
-                font: Theme.headline
+                color: capsule.ink
+                font: capsule.timeLeftFont
                 wrapMode: Text.NoWrap
                 Accessible.ignored: true
             }
@@ -92,7 +100,8 @@ Item {
                     Symbol {
                         anchors.centerIn: parent
                         name: "xmark.circle.fill"
-                        color: stop.hovered ? Theme.text : Theme.secondary
+                        size: Math.round(Theme.symbolSize * capsule.typeScale)
+                        color: capsule.done || stop.hovered ? capsule.ink : Theme.secondary
                     }
                 }
                 background: Item { FocusRing { around: Theme.controlHeight / 2; gap: 0; shown: stop.visualFocus } }

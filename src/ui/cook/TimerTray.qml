@@ -8,13 +8,16 @@ ListView {
     /// A CookTimers.
     required property var timers
     property real maximumHeight: 400
+    /// For a tray that is read from afar.
+    property real typeScale: 1
+    readonly property int capsuleHeight: Math.round(Theme.capsuleHeight * typeScale)
     /// Whole capsules only, and always one.
     readonly property int rows: Math.max(1, Math.min(count, Math.floor((maximumHeight + spacing)
-                                                                     / (Theme.capsuleHeight + spacing))))
+                                                                     / (capsuleHeight + spacing))))
 
     visible: count > 0
-    width: Theme.capsuleMaximum
-    height: rows * (Theme.capsuleHeight + spacing) - spacing
+    width: Math.round(Theme.capsuleMaximum * typeScale)
+    height: rows * (capsuleHeight + spacing) - spacing
     model: timers
     spacing: Theme.gap2
     clip: contentHeight > height
@@ -35,6 +38,8 @@ ListView {
     }
     delegate: TimerCapsule {
         width: ListView.view.width
+        height: tray.capsuleHeight
+        typeScale: tray.typeScale
         onStopRequested: tray.timers.cancel(timerId)
     }
 }

@@ -1,4 +1,6 @@
 // Writes pictures of the interface, to be looked at: ovrin-gallery OUT [--photos DIR] [--only TEXT]
+#include "ui/cook/CookModeViewModel.h"
+#include "ui/cook/CookWindows.h"
 #include "ui/support/SampleLibrary.h"
 #include "ui/support/WindowFixture.h"
 
@@ -154,6 +156,75 @@ QList<Scene> scenes()
     };
 }
 
+struct CookScene
+{
+    QString name;
+    QList<int> widths;
+    /// None: "Recipe Not Found".
+    std::optional<RecipeDraft> recipe;
+    int stop = 0;
+    bool hasTimers = false;
+};
+
+QList<CookScene> cookScenes()
+{
+    RecipeDraft withPhoto = fullRecipe();
+    withPhoto.imageData = toJpeg(drawnDish(3, {1200, 900}));
+    return {
+        {u"cook"_qs, {640, 1180, 1920}, withPhoto, 1, true},
+        {u"cook-no-photo"_qs, {1180}, fullRecipe(), 0, false},
+        {u"cook-not-found"_qs, {900}, std::nullopt},
+    };
+}
+
+void save(QQuickWindow& window, const QDir& out, const QString& scene, int width, bool dark)
+{
+    const QString file = u"%1-%2-%3.png"_qs.arg(scene).arg(width).arg(dark ? u"dark"_qs : u"light"_qs);
+    window.grabWindow().save(out.filePath(file));
+    std::printf("%s\n", qPrintable(file));
+}
+
+QSize sizeFor(int width)
+{
+    return {width, width > 1300 ? 1080 : width < 700 ? 720 : 820};
+}
+
+void shoot(const CookScene& scene, int width, bool dark, const QList<QByteArray>& photos, const QDir& out)
+{
+    WindowFixture fixture;
+    fixture.appearance.setDark(dark);
+    fixture.appearance.setMotionReduced(true);
+    QUuid id = QUuid::createUuid();
+    if (scene.recipe) {
+        RecipeDraft draft = *scene.recipe;
+        if (draft.imageData && !photos.isEmpty())
+            draft.imageData = photos.first();
+        id = fixture.library.add(draft)->id();
+    }
+    // The theme follows the library window's appearance.
+    const auto model = fixture.makeWindow();
+    QQmlEngine engine;
+    fixture.prepare(engine);
+    QQmlComponent theme(&engine, mainWindowUrl());
+    const std::unique_ptr<QObject> library(
+        theme.createWithInitialProperties({{u"model"_qs, QVariant::fromValue(model.get())}}));
+    CookWindows windows({engine, fixture.library.store(), fixture.photos, fixture.timers, {}});
+    QQuickWindow* const window = windows.open(id);
+    window->resize(sizeFor(width));
+    wait(200);
+    auto* const cook = window->property("cook").value<CookModeViewModel*>();
+    cook->select(scene.stop);
+    cook->ingredients()->toggle(0);
+    if (scene.hasTimers) {
+        fixture.timers.start(60, u"12–15 minutes"_qs, cook->title());
+        fixture.now = fixture.now.addSecs(61);
+        fixture.timers.start(6127, u"2 hours"_qs, cook->title());
+        fixture.timers.refresh();
+    }
+    wait(900);
+    save(*window, out, scene.name, width, dark);
+}
+
 void shoot(const Scene& scene, int width, bool dark, const QList<QByteArray>& photos, const QDir& out)
 {
     WindowFixture fixture;
@@ -177,15 +248,13 @@ void shoot(const Scene& scene, int width, bool dark, const QList<QByteArray>& ph
     auto* const window = qobject_cast<QQuickWindow*>(root.get());
     if (!window)
         qFatal("%s", qPrintable(component.errorString()));
-    window->resize(width, width > 1300 ? 1080 : width < 700 ? 720 : 820);
+    window->resize(sizeFor(width));
     window->show();
     wait(200);
     if (scene.arrange)
         scene.arrange(fixture, *model, *window);
     wait(900);
-    const QString file = u"%1-%2-%3.png"_qs.arg(scene.name).arg(width).arg(dark ? u"dark"_qs : u"light"_qs);
-    window->grabWindow().save(out.filePath(file));
-    std::printf("%s\n", qPrintable(file));
+    save(*window, out, scene.name, width, dark);
     fixture.isHeld = false;
     wait(20);
 }
@@ -214,10 +283,14 @@ int main(int argc, char** argv)
             if (const QImage image(folder.filePath(name)); !image.isNull() && photos.size() < 24)
                 photos.append(toJpeg(image));
     }
-    for (const Scene& scene : scenes())
-        for (const int width : scene.widths)
-            for (const bool dark : {false, true})
-                if (scene.name.contains(parser.value(onlyOption)))
-                    shoot(scene, width, dark, photos, out);
+    const auto shootAll = [&](const auto& all) {
+        for (const auto& scene : all)
+            for (const int width : scene.widths)
+                for (const bool dark : {false, true})
+                    if (scene.name.contains(parser.value(onlyOption)))
+                        shoot(scene, width, dark, photos, out);
+    };
+    shootAll(scenes());
+    shootAll(cookScenes());
     return 0;
 }

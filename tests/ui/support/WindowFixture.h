@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cooking/CookTimers.h"
 #include "import/ImportCoordinator.h"
 #include "import/error/RecipeImportError.h"
 #include "ui/Views.h"
@@ -26,6 +27,11 @@ public:
     FakeDesktop desktop;
     FakeFlags flags;
     Appearance appearance;
+    NullNotificationCenter notifications;
+    QDateTime now = QDateTime::fromMSecsSinceEpoch(1700000000000, Qt::UTC);
+    CookTimers timers{[this] { return now; }, notifications};
+    /// The recipes whose cook window was asked for.
+    QList<QUuid> cooked;
 
     /// What an import gives; without one it fails.
     std::optional<RecipeDraft> imported;
@@ -37,23 +43,11 @@ public:
 
     std::unique_ptr<LibraryWindow> makeWindow()
     {
-        return std::make_unique<LibraryWindow>(
-            LibraryWindow::Services{library.store(),
-                                    importer,
-                                    photoMaker,
-                                    photos,
-                                    draftPhotos,
-                                    pasteboard,
-                                    desktop,
-                                    flags,
-                                    appearance,
-                                    DraftKeeper(library.path(QStringLiteral("kept.json"))),
-                                    QLocale::c(),
-                                    nullptr,
-                                    {},
-                                    {},
-                                    true,
-                                    true});
+        return std::make_unique<LibraryWindow>(LibraryWindow::Services{
+            library.store(), importer, photoMaker, photos, draftPhotos, pasteboard, desktop, flags,
+            appearance, DraftKeeper(library.path(QStringLiteral("kept.json"))), QLocale::c(), &timers,
+            [this](QUuid recipe) { cooked.append(recipe); },
+            [](QStringList, QString) -> QCoro::Task<QString> { co_return QString(); }, true, true});
     }
 
     void prepare(QQmlEngine& engine) { prepareViews(engine, photos, draftPhotos); }
