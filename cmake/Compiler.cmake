@@ -28,6 +28,11 @@ if(OVRIN_COVERAGE)
     add_link_options(--coverage)
 endif()
 
+# What a distribution hardens its packages with.
+add_compile_options($<$<CONFIG:Release>:-fstack-protector-strong> $<$<CONFIG:Release>:-fstack-clash-protection>)
+add_compile_definitions($<$<CONFIG:Release>:_FORTIFY_SOURCE=2>)
+add_link_options(-Wl,-z,relro,-z,now)
+
 find_program(OVRIN_CCACHE ccache)
 if(OVRIN_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     # Base directory and sloppiness let checkouts share a cache and precompiled headers be cached.

@@ -3,6 +3,7 @@
 #include "cli/DraftFile.h"
 #include "import/document/RecipeTextParser.h"
 #include "import/error/RecipeImportError.h"
+#include "services/Awaited.h"
 #include "services/DocumentImport.h"
 #include "services/PageImport.h"
 
@@ -22,27 +23,16 @@ bool isSavedPage(const QString& source)
            suffix == QLatin1String("xhtml");
 }
 
-template<typename T>
-QCoro::Task<void> keepOutcome(QCoro::Task<T> task, std::optional<T>& result, std::exception_ptr& error)
-{
-    try {
-        result = co_await task;
-    } catch (...) {
-        error = std::current_exception();
-    }
-}
-
 /// Waits for `task`, and says what a failed import says to a person.
 template<typename T>
-T awaited(QCoro::Task<T> task)
+T imported(QCoro::Task<T> task)
 {
-    // Waiting for a task that throws would never end: the outcome is caught inside.
-    std::optional<T> result;
-    std::exception_ptr error;
-    QCoro::waitFor(keepOutcome(std::move(task), result, error));
-    if (!error)
-        return *std::move(result);
-    throw Failure(importErrorDescription(error).value_or(QStringLiteral("The import was cancelled.")));
+    try {
+        return awaited(std::move(task));
+    } catch (...) {
+        const auto description = importErrorDescription(std::current_exception());
+        throw Failure(description.value_or(QStringLiteral("The import was cancelled.")));
+    }
 }
 
 QByteArray readPage(const QString& path)
@@ -69,14 +59,14 @@ RecipeDraft draftOfPage(const QByteArray& html, const SourceOptions& options)
     if (!options.fetchesPhotos)
         return parsedPage(html, address);
     PageImport pages(QCoreApplication::applicationDirPath());
-    return awaited(pages.savedPage(html, address));
+    return imported(pages.savedPage(html, address));
 }
 
 RecipeDraft draftAt(const QUrl& address, const SourceOptions& options)
 {
     PageImport pages(QCoreApplication::applicationDirPath());
     const RecipeImporter::Options how{.render = options.rendersPages, .photo = options.fetchesPhotos};
-    return awaited(pages.importer().fetchDraft(address, {}, how));
+    return imported(pages.importer().fetchDraft(address, {}, how));
 }
 
 /// What is a draft already. One of which nobody knows the page is looked at before it is kept.
@@ -143,7 +133,7 @@ Imported importSource(const QString& source, const SourceOptions& options, const
     if (QFileInfo(source).suffix().toLower() == QLatin1String("json"))
         return received(readDraft(source, console));
     DocumentImport documents(QCoreApplication::applicationDirPath());
-    const auto read = awaited(documents.importer().import(source));
+    const auto read = imported(documents.importer().import(source));
     if (read.hasMoreRecipes)
         console.complain(DocumentRecipeImporter::severalRecipesNotice());
     return {.draft = read.draft, .needsReview = true};
@@ -152,7 +142,7 @@ Imported importSource(const QString& source, const SourceOptions& options, const
 QList<TextLine> linesOf(const QString& path)
 {
     DocumentImport documents(QCoreApplication::applicationDirPath());
-    return awaited(documents.importer().lines(path));
+    return imported(documents.importer().lines(path));
 }
 
 RecipeDraft draftOfSavedPage(const QString& path, const QUrl& pageUrl)
@@ -171,7 +161,7 @@ RecipeDraft withSafePhoto(RecipeDraft draft)
     if (!draft.imageData)
         return draft;
     PageImport pages(QCoreApplication::applicationDirPath());
-    const auto photo = awaited(pages.photos().photo(*draft.imageData, {}));
+    const auto photo = imported(pages.photos().photo(*draft.imageData, {}));
     draft.imageData = photo ? std::optional(photo->jpeg) : std::nullopt;
     return draft;
 }

@@ -1,9 +1,7 @@
-#include "import/DraftFolder.h"
+#include "support/InboxTest.h"
 #include "support/LocalServer.h"
-#include "support/ProgramTest.h"
 
 #include <QtCore/QBuffer>
-#include <QtCore/QDir>
 #include <QtGui/QImage>
 #include <gtest/gtest.h>
 
@@ -11,25 +9,12 @@ using namespace ovrin;
 
 namespace {
 
-/// ovrin-share with an inbox of the test's own.
-class ShareTest : public ProgramTest
+class ShareTest : public InboxTest
 {
 protected:
     Answer share(const QStringList& arguments, const QByteArray& input = {})
     {
         return start(QStringLiteral(OVRIN_SHARE), arguments, input);
-    }
-
-    QString group() const { return home.filePath(QStringLiteral(OVRIN_APP_GROUP)); }
-
-    /// What the application would find, oldest first.
-    QList<RecipeDraft> inbox() const
-    {
-        QList<RecipeDraft> drafts;
-        for (const QString& file :
-             DraftFolder(group() + QStringLiteral("/Inbox")).files(DraftFolder::Order::ByName))
-            drafts << DraftFolder::read(file).value();
-        return drafts;
     }
 };
 
@@ -67,10 +52,7 @@ TEST_F(ShareTest, LeavesAPageWithItsPhotoInTheInbox)
     EXPECT_TRUE(drafts.first().imageData->startsWith("\xff\xd8"));
     EXPECT_EQ(DraftFolder::read(answer.out.trimmed()), drafts.first());
     // Nothing half-written stays behind.
-    EXPECT_EQ(QDir(group() + QStringLiteral("/Inbox"))
-                  .entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden)
-                  .size(),
-              1);
+    EXPECT_EQ(inboxFiles().size(), 1);
 }
 
 TEST_F(ShareTest, TakesFromStandardInputWhateverHoldsARecipe)
@@ -140,8 +122,7 @@ TEST_F(ShareTest, TakesFilesAsTheCommandLineDoes)
             .status,
         0);
     // What it has left can be passed on.
-    const QString left =
-        DraftFolder(group() + QStringLiteral("/Inbox")).files(DraftFolder::Order::ByName).value(0);
+    const QString left = DraftFolder(inboxPath()).files(DraftFolder::Order::ByName).value(0);
     EXPECT_EQ(share({left}).status, 0);
     ASSERT_EQ(inbox().size(), 2);
     EXPECT_EQ(inbox().at(0), inbox().at(1));

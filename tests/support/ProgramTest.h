@@ -19,6 +19,8 @@ protected:
         int status;
         QString out;
         QString err;
+        /// Standard output as it came, for what is no text.
+        QByteArray bytes;
     };
 
     QProcessEnvironment environment() const
@@ -40,9 +42,9 @@ protected:
         process.write(input);
         process.closeWriteChannel();
         loop.exec();
+        const QByteArray bytes = process.readAllStandardOutput();
         return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-                QString::fromUtf8(process.readAllStandardOutput()),
-                QString::fromUtf8(process.readAllStandardError())};
+                QString::fromUtf8(bytes), QString::fromUtf8(process.readAllStandardError()), bytes};
     }
 
     QString write(const QString& name, const QByteArray& bytes) const
