@@ -35,30 +35,30 @@ ReminderStore::List groceriesList(ReminderStore& store)
     return store.createList(title, sourceForNewList(store));
 }
 
-} // namespace
-
-QString Failure::errorDescription() const
+QString descriptionOf(Failure::Case reason)
 {
-    switch (m_reason) {
-    case Case::AccessDenied:
+    switch (reason) {
+    case Failure::Case::AccessDenied:
         return QCoreApplication::translate("GroceryList",
                                            "Ovrin doesn't have access to Reminders. You can allow it in "
                                            "Settings › Privacy & Security › Reminders.");
-    case Case::NoSource:
+    case Failure::Case::NoSource:
         return QCoreApplication::translate("GroceryList",
                                            "Couldn't find a Reminders account to add the Groceries list to.");
     }
     return {};
 }
 
-const char* Failure::what() const noexcept
+} // namespace
+
+Failure::Failure(Case reason)
+    : ReminderStoreError(descriptionOf(reason))
+    , m_reason(reason)
 {
-    return m_reason == Case::AccessDenied ? "access to the task lists denied"
-                                          : "no account for the task list";
 }
 
 void add(ReminderStore& store, const QStringList& items, const QString& recipeTitle)
-{
+try {
     if (!store.requestAccess())
         throw Failure(Failure::Case::AccessDenied);
     const ReminderStore::List list = groceriesList(store);
@@ -67,6 +67,20 @@ void add(ReminderStore& store, const QStringList& items, const QString& recipeTi
     for (const QString& item : items)
         reminders.push_back({item, recipeTitle});
     store.add(list, reminders);
+} catch (const ReminderAccessDenied&) {
+    throw Failure(Failure::Case::AccessDenied);
+}
+
+QString addAndTell(ReminderStore& store, const QStringList& items, const QString& recipeTitle)
+{
+    try {
+        add(store, items, recipeTitle);
+    } catch (const ReminderStoreError& failure) {
+        return failure.errorDescription();
+    }
+    // "items" for every count, one included.
+    return QCoreApplication::translate("GroceryList", "Added %1 items to your Groceries list.")
+        .arg(items.size());
 }
 
 } // namespace ovrin::GroceryList

@@ -10,18 +10,13 @@ namespace ovrin {
 namespace GroceryList {
 
 /// The failures with messages of their own; other errors of the store pass through unchanged.
-class Failure : public std::exception
+class Failure : public ReminderStoreError
 {
 public:
     enum class Case { AccessDenied, NoSource };
 
-    explicit Failure(Case reason)
-        : m_reason(reason)
-    {
-    }
+    explicit Failure(Case reason);
     Case reason() const { return m_reason; }
-    QString errorDescription() const;
-    const char* what() const noexcept override;
 
 private:
     Case m_reason;
@@ -31,6 +26,9 @@ private:
 /// An existing list is found ignoring case; otherwise one is made in the account that new reminders go to,
 /// else in the first CalDAV one, else in the first local one. Blocks; throws Failure or ReminderStoreError.
 void add(ReminderStore& store, const QStringList& items, const QString& recipeTitle);
+
+/// The same, and gives the sentence to show of its outcome, whatever that is.
+QString addAndTell(ReminderStore& store, const QStringList& items, const QString& recipeTitle);
 
 } // namespace GroceryList
 

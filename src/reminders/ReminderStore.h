@@ -43,20 +43,9 @@ public:
     virtual std::optional<Source> defaultSource() = 0;
     virtual std::vector<Source> sources() = 0;
     virtual List createList(const QString& title, const Source& source) = 0;
-    /// Adds all of them, in order, in one go.
+    /// Adds all of them, in order, in one go. When it throws, the error says how many were added all the
+    /// same, or that nobody knows, unless there were none.
     virtual void add(const List& list, const std::vector<Reminder>& reminders) = 0;
-};
-
-/// Where there are no task lists: every request for access is refused.
-class NullReminderStore : public ReminderStore
-{
-public:
-    bool requestAccess() override { return false; }
-    std::vector<List> lists() override { return {}; }
-    std::optional<Source> defaultSource() override { return std::nullopt; }
-    std::vector<Source> sources() override { return {}; }
-    List createList(const QString&, const Source&) override { return {}; }
-    void add(const List&, const std::vector<Reminder>&) override {}
 };
 
 /// What went wrong in a store, as a sentence for the user.
@@ -74,6 +63,13 @@ public:
 private:
     QString m_description;
     QByteArray m_what;
+};
+
+/// The store was asked and is not ours to use, as in a sandbox.
+class ReminderAccessDenied : public ReminderStoreError
+{
+public:
+    using ReminderStoreError::ReminderStoreError;
 };
 
 } // namespace ovrin

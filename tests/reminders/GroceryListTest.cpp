@@ -17,6 +17,7 @@ public:
     std::vector<Source> accounts;
     std::vector<List> existing;
     bool failsToAdd = false;
+    bool withholdsList = false;
 
     std::vector<std::pair<QString, QString>> created;
     std::vector<std::pair<QString, std::vector<Reminder>>> added;
@@ -32,6 +33,8 @@ public:
     }
     void add(const List& list, const std::vector<Reminder>& reminders) override
     {
+        if (withholdsList)
+            throw ReminderAccessDenied(QStringLiteral("Not yours."));
         if (failsToAdd)
             throw ReminderStoreError(QStringLiteral("The list is read-only."));
         added.emplace_back(list.id, reminders);
@@ -89,18 +92,27 @@ TEST(GroceryList, SaysWhyNothingWasAdded)
                                                "Ovrin doesn't have access to Reminders. You can allow it in "
                                                "Settings › Privacy & Security › Reminders."},
           {&homeless, "Couldn't find a Reminders account to add the Groceries list to."}}) {
-        try {
-            GroceryList::add(*store, {QStringLiteral("salt")}, {});
-            FAIL();
-        } catch (const GroceryList::Failure& failure) {
-            EXPECT_EQ(failure.errorDescription(), QString::fromUtf8(message));
-        }
+        EXPECT_THROW(GroceryList::add(*store, {QStringLiteral("salt")}, {}), GroceryList::Failure);
+        EXPECT_EQ(GroceryList::addAndTell(*store, {QStringLiteral("salt")}, {}), QString::fromUtf8(message));
         EXPECT_TRUE(store->added.empty() && store->created.empty());
     }
     MemoryStore readOnly;
     readOnly.existing = refused.existing;
     readOnly.failsToAdd = true;
-    EXPECT_THROW(GroceryList::add(readOnly, {QStringLiteral("salt")}, {}), ReminderStoreError);
+    EXPECT_EQ(GroceryList::addAndTell(readOnly, {QStringLiteral("salt")}, {}),
+              QStringLiteral("The list is read-only."));
+    MemoryStore withheld;
+    withheld.existing = refused.existing;
+    withheld.withholdsList = true;
+    EXPECT_THROW(GroceryList::add(withheld, {QStringLiteral("salt")}, {}), GroceryList::Failure);
+}
+
+TEST(GroceryList, CountsWhatWasAdded)
+{
+    MemoryStore store;
+    store.existing = {{QStringLiteral("1"), QStringLiteral("Groceries")}};
+    EXPECT_EQ(GroceryList::addAndTell(store, {QStringLiteral("salt")}, {}),
+              QStringLiteral("Added 1 items to your Groceries list."));
 }
 
 } // namespace

@@ -1,8 +1,11 @@
 #include "platform/reminders/DesktopReminderStore.h"
 
 #include "platform/reminders/GHandles.h"
+#include "platform/reminders/TaskService.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QFile>
+#include <QtCore/QUuid>
 
 #include <libecal/libecal.h>
 
@@ -10,7 +13,6 @@ namespace ovrin {
 
 namespace {
 
-constexpr const char* serviceName = "org.gnome.evolution.dataserver.Sources5";
 constexpr const char* localAccount = "local-stub";
 
 QString tr(const char* text)
@@ -57,57 +59,74 @@ ReminderStore::Source sourceOf(ESource* account)
     return {QString::fromUtf8(e_source_get_uid(account)), kindOf(account)};
 }
 
-/// Whether the session bus has the task service or can start it. Asking for the service without that gives an
-/// object that only logs what it lacks.
-enum class Service { Reachable, Denied, Absent };
-
-Service findService(GCancellable* cancellable)
+/// Throws what a call of the service ended with, as a sentence.
+[[noreturn]] void fail(const GFailure& failure)
 {
-    GFailure failure;
-    const GRef<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, cancellable, failure));
-    if (!bus)
-        return Service::Absent;
-    // The process-wide connection would otherwise end the process when the bus ends.
-    g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
-    for (const char* method : {"ListActivatableNames", "ListNames"}) {
-        GFailure refused;
-        GVariant* answer = g_dbus_connection_call_sync(
-            bus.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", method,
-            nullptr, G_VARIANT_TYPE("(as)"), G_DBUS_CALL_FLAGS_NONE, -1, cancellable, refused);
-        if (!answer)
-            return refused.is(G_DBUS_ERROR, G_DBUS_ERROR_ACCESS_DENIED) ? Service::Denied : Service::Absent;
-        const char** names = nullptr;
-        g_variant_get(answer, "(^a&s)", &names);
-        const bool isThere = g_strv_contains(names, serviceName);
-        g_free(names);
-        g_variant_unref(answer);
-        if (isThere)
-            return Service::Reachable;
-    }
-    return Service::Absent;
-}
-
-/// The sentence for what a call of the service ended with.
-ReminderStoreError errorFor(const GFailure& failure)
-{
+    if (failure.is(G_DBUS_ERROR, G_DBUS_ERROR_ACCESS_DENIED))
+        throw ReminderAccessDenied(tr("The task lists are out of reach of this program."));
     if (failure.is(G_IO_ERROR, G_IO_ERROR_CANCELLED))
-        return ReminderStoreError(tr("The task lists took too long to answer."));
-    if (failure.is(E_CLIENT_ERROR, E_CLIENT_ERROR_REPOSITORY_OFFLINE))
-        return ReminderStoreError(tr("The list is offline. Try again when its account is connected."));
+        throw ReminderStoreError(tr("The task lists took too long to answer."));
+    if (failure.is(E_CLIENT_ERROR, E_CLIENT_ERROR_REPOSITORY_OFFLINE) ||
+        failure.is(E_CLIENT_ERROR, E_CLIENT_ERROR_OFFLINE_UNAVAILABLE))
+        throw ReminderStoreError(tr("The list is offline. Try again when its account is connected."));
     if (failure.is(E_CLIENT_ERROR, E_CLIENT_ERROR_PERMISSION_DENIED))
-        return ReminderStoreError(tr("The list cannot be changed: it is read-only."));
-    return ReminderStoreError(
+        throw ReminderStoreError(tr("The list cannot be changed: it is read-only."));
+    throw ReminderStoreError(
         tr("The task lists could not be reached. Try again, or save the list as a file."));
 }
 
-ICalComponent* taskOf(const ReminderStore::Reminder& reminder)
+GRef<EClient> connect(ESource* list, const Deadline& deadline, GFailure& failure)
 {
-    ICalComponent* task = i_cal_component_new(I_CAL_VTODO_COMPONENT);
-    i_cal_component_set_summary(task, reminder.title.toUtf8().constData());
-    if (!reminder.notes.isEmpty())
-        i_cal_component_set_description(task, reminder.notes.toUtf8().constData());
-    return task;
+    // The wait argument must be "for ever": any other makes the call take that long, or not return. The
+    // deadline is what bounds it.
+    return GRef<EClient>(list ? e_cal_client_connect_sync(list, E_CAL_CLIENT_SOURCE_TYPE_TASKS, guint32(-1),
+                                                          deadline.cancellable(), failure)
+                              : nullptr);
 }
+
+/// The tasks to be made. Each has an id of our own, by which it can be asked for later.
+class Tasks
+{
+public:
+    explicit Tasks(const std::vector<ReminderStore::Reminder>& reminders)
+    {
+        for (auto reminder = reminders.rbegin(); reminder != reminders.rend(); ++reminder) {
+            ICalComponent* task = i_cal_component_new(I_CAL_VTODO_COMPONENT);
+            i_cal_component_set_uid(task, QUuid::createUuid().toByteArray(QUuid::WithoutBraces).constData());
+            i_cal_component_set_summary(task, reminder->title.toUtf8().constData());
+            if (!reminder->notes.isEmpty())
+                i_cal_component_set_description(task, reminder->notes.toUtf8().constData());
+            m_list = g_slist_prepend(m_list, task);
+        }
+    }
+    Tasks(const Tasks&) = delete;
+    Tasks& operator=(const Tasks&) = delete;
+    ~Tasks() { g_slist_free_full(m_list, g_object_unref); }
+
+    GSList* list() const { return m_list; }
+
+    /// How many of them `client` has; nothing when it cannot tell.
+    std::optional<int> countIn(EClient* client, const Deadline& deadline) const
+    {
+        int count = 0;
+        for (GSList* node = m_list; node; node = node->next) {
+            GFailure failure;
+            ICalComponent* found = nullptr;
+            const char* uid = i_cal_component_get_uid(I_CAL_COMPONENT(node->data));
+            if (e_cal_client_get_object_sync(E_CAL_CLIENT(client), uid, nullptr, &found,
+                                             deadline.cancellable(), failure)) {
+                g_object_unref(found);
+                ++count;
+            } else if (!failure.is(E_CAL_CLIENT_ERROR, E_CAL_CLIENT_ERROR_OBJECT_NOT_FOUND)) {
+                return std::nullopt;
+            }
+        }
+        return count;
+    }
+
+private:
+    GSList* m_list = nullptr;
+};
 
 } // namespace
 
@@ -122,8 +141,9 @@ struct DesktopReminderStore::Session
     }
 };
 
-DesktopReminderStore::DesktopReminderStore(std::chrono::milliseconds timeLimit)
+DesktopReminderStore::DesktopReminderStore(std::chrono::milliseconds timeLimit, QString sandboxMark)
     : m_timeLimit(timeLimit)
+    , m_sandboxMark(std::move(sandboxMark))
 {
 }
 
@@ -135,10 +155,13 @@ bool DesktopReminderStore::requestAccess()
     m_session.reset();
     m_session = std::make_unique<Session>();
     const Deadline deadline(m_timeLimit);
-    const Service service = findService(deadline.cancellable());
-    if (service == Service::Denied)
+    const TaskService service = findTaskService(deadline.cancellable());
+    if (service == TaskService::Denied)
         return false;
-    if (service == Service::Absent)
+    // A sandbox hides what it does not let through.
+    if (service == TaskService::Absent && QFile::exists(m_sandboxMark))
+        return false;
+    if (service == TaskService::Absent)
         throw ReminderStoreError(
             tr("This desktop has no task lists. You can save the list as a file instead."));
     GFailure failure;
@@ -146,7 +169,7 @@ bool DesktopReminderStore::requestAccess()
     if (failure.is(G_DBUS_ERROR, G_DBUS_ERROR_ACCESS_DENIED))
         return false;
     if (!m_session->registry)
-        throw errorFor(failure);
+        fail(failure);
     return true;
 }
 
@@ -194,7 +217,7 @@ ReminderStore::List DesktopReminderStore::createList(const QString& title, const
     GFailure failure;
     const GRef<ESource> list(e_source_new(nullptr, nullptr, failure));
     if (!list)
-        throw errorFor(failure);
+        fail(failure);
     e_source_set_display_name(list.get(), title.toUtf8().constData());
     e_source_set_parent(list.get(), source.id.toUtf8().constData());
     auto* backend = E_SOURCE_BACKEND(e_source_get_extension(list.get(), E_SOURCE_EXTENSION_TASK_LIST));
@@ -207,7 +230,7 @@ ReminderStore::List DesktopReminderStore::createList(const QString& title, const
         isMade = e_source_remote_create_sync(account.get(), list.get(), deadline.cancellable(), failure);
     }
     if (!isMade)
-        throw errorFor(failure);
+        fail(failure);
     return {QString::fromUtf8(e_source_get_uid(list.get())), title};
 }
 
@@ -218,32 +241,39 @@ void DesktopReminderStore::add(const List& list, const std::vector<Reminder>& re
     const Deadline deadline(m_timeLimit);
     GFailure failure;
     const GRef<ESource> source = session().source(list.id);
-    // The wait argument must be "for ever": any other makes the call take that long, or not return. The
-    // deadline is what bounds it.
-    const GRef<EClient> client(source
-                                   ? e_cal_client_connect_sync(source.get(), E_CAL_CLIENT_SOURCE_TYPE_TASKS,
-                                                               guint32(-1), deadline.cancellable(), failure)
-                                   : nullptr);
+    const GRef<EClient> client = connect(source.get(), deadline, failure);
     if (!client)
-        throw errorFor(failure);
+        fail(failure);
     if (e_client_is_readonly(client.get()))
         throw ReminderStoreError(tr("The list cannot be changed: it is read-only."));
 
-    GSList* tasks = nullptr;
-    for (auto reminder = reminders.rbegin(); reminder != reminders.rend(); ++reminder)
-        tasks = g_slist_prepend(tasks, taskOf(*reminder));
+    const Tasks tasks(reminders);
     GSList* uids = nullptr;
-    const bool areAdded = e_cal_client_create_objects_sync(
-        E_CAL_CLIENT(client.get()), tasks, E_CAL_OPERATION_FLAG_NONE, &uids, deadline.cancellable(), failure);
-    const guint count = g_slist_length(uids);
-    g_slist_free_full(tasks, g_object_unref);
+    const bool areAdded =
+        e_cal_client_create_objects_sync(E_CAL_CLIENT(client.get()), tasks.list(), E_CAL_OPERATION_FLAG_NONE,
+                                         &uids, deadline.cancellable(), failure);
     g_slist_free_full(uids, g_free);
-    if (!areAdded && count > 0)
-        throw ReminderStoreError(tr("Only %1 of %2 items were added: the task lists stopped answering.")
-                                     .arg(count)
-                                     .arg(reminders.size()));
-    if (!areAdded)
-        throw errorFor(failure);
+    if (areAdded)
+        return;
+
+    // The answer says nothing of the items before the one that failed, and one that is late or lost nothing
+    // at all: the list itself is asked, by a new connection, since the service may have died and been started
+    // anew.
+    const Deadline anotherDeadline(m_timeLimit);
+    GFailure ignored;
+    const GRef<EClient> again = connect(source.get(), anotherDeadline, ignored);
+    const auto count = again ? tasks.countIn(again.get(), anotherDeadline) : std::nullopt;
+    // What was late may still be done after we have looked.
+    if (!count || (*count == 0 && failure.is(G_IO_ERROR, G_IO_ERROR_CANCELLED)))
+        throw ReminderStoreError(tr("The task lists stopped answering while items were being added. Look at "
+                                    "the list before you add them again."));
+    if (*count == 0)
+        fail(failure);
+    if (*count < int(reminders.size()))
+        throw ReminderStoreError(
+            tr("Only %1 of %2 items were added. Look at the list before you add them again.")
+                .arg(*count)
+                .arg(reminders.size()));
 }
 
 } // namespace ovrin

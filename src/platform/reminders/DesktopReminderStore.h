@@ -13,7 +13,10 @@ namespace ovrin {
 class DesktopReminderStore : public ReminderStore
 {
 public:
-    explicit DesktopReminderStore(std::chrono::milliseconds timeLimit = std::chrono::seconds(15));
+    /// `sandboxMark` is the file by which a program knows that it runs in a sandbox: in one the service is
+    /// not absent but withheld.
+    explicit DesktopReminderStore(std::chrono::milliseconds timeLimit = std::chrono::seconds(15),
+                                  QString sandboxMark = QStringLiteral("/.flatpak-info"));
     ~DesktopReminderStore() override;
 
     bool requestAccess() override;
@@ -28,6 +31,7 @@ private:
     Session& session();
 
     std::chrono::milliseconds m_timeLimit;
+    QString m_sandboxMark;
     std::unique_ptr<Session> m_session;
 };
 

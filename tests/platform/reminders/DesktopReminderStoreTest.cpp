@@ -1,20 +1,25 @@
 #include "platform/reminders/DesktopReminderStore.h"
+#include "platform/reminders/FaultyTaskService.h"
 #include "reminders/GroceryList.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusConnectionInterface>
 #include <gtest/gtest.h>
 
 #include <chrono>
 
 using namespace ovrin;
 using namespace std::chrono_literals;
+using ovrin::testing::FaultyTaskService;
+using Fault = FaultyTaskService::Fault;
 
 namespace {
 
 /// A session bus of the test's own, on which the real task service is started with empty folders.
-class TaskServiceTest : public testing::Test
+class TaskServiceTest : public ::testing::Test
 {
 protected:
     void startBus(const QStringList& arguments)
@@ -31,7 +36,38 @@ protected:
         ASSERT_TRUE(m_bus.waitForStarted());
         while (!m_bus.canReadLine())
             ASSERT_TRUE(m_bus.waitForReadyRead(10'000));
-        qputenv("DBUS_SESSION_BUS_ADDRESS", m_bus.readLine().trimmed());
+        m_address = m_bus.readLine().trimmed();
+        qputenv("DBUS_SESSION_BUS_ADDRESS", m_address);
+    }
+
+    /// A bus that can start of the real services only those named, with `policy` added to its rules.
+    void startBusWith(const QStringList& services, const QByteArray& policy = {})
+    {
+        const QString folder = m_home.filePath(QStringLiteral("services"));
+        QDir().mkpath(folder);
+        for (const QString& service : services)
+            ASSERT_TRUE(QFile::link(QStringLiteral(OVRIN_BUS_SERVICES "/%1.service").arg(service),
+                                    QStringLiteral("%1/%2.service").arg(folder, service)));
+        QFile config(m_home.filePath(QStringLiteral("bus.conf")));
+        ASSERT_TRUE(config.open(QIODevice::WriteOnly));
+        config.write(
+            "<busconfig><type>session</type><listen>unix:tmpdir=/tmp</listen><auth>EXTERNAL</auth>"
+            "<servicedir>" +
+            folder.toUtf8() +
+            "</servicedir><policy context=\"default\"><allow send_destination=\"*\" eavesdrop=\"true\"/>"
+            "<allow eavesdrop=\"true\"/><allow own=\"*\"/>" +
+            policy + "</policy></busconfig>");
+        config.close();
+        startBus({QStringLiteral("--config-file=") + config.fileName()});
+    }
+
+    /// What is said of adding so many items.
+    static std::string added(ReminderStore& store, int count = 1)
+    {
+        QStringList items;
+        for (int i = 0; i < count; ++i)
+            items.append(QStringLiteral("item %1").arg(i));
+        return GroceryList::addAndTell(store, items, QStringLiteral("Soup")).toStdString();
     }
 
     void TearDown() override
@@ -42,8 +78,12 @@ protected:
         m_bus.waitForFinished();
     }
 
+    static inline const QString accountService = QStringLiteral("org.gnome.evolution.dataserver.Sources5");
+    static inline const QString listService = QStringLiteral("org.gnome.evolution.dataserver.Calendar8");
+
     QTemporaryDir m_home;
     QProcess m_bus;
+    QByteArray m_address;
 };
 
 /// What the service stored, as it lies in its own file.
@@ -87,16 +127,9 @@ TEST_F(TaskServiceTest, AddsFortyLinesToAListItMakesAndFindsAgain)
 
 TEST_F(TaskServiceTest, SaysThatThereAreNoTaskListsAtOnce)
 {
-    // A bus that knows no services at all.
-    QFile config(m_home.filePath(QStringLiteral("bus.conf")));
-    ASSERT_TRUE(config.open(QIODevice::WriteOnly));
-    config.write("<busconfig><type>session</type><listen>unix:tmpdir=/tmp</listen><auth>EXTERNAL</auth>"
-                 "<policy context=\"default\"><allow send_destination=\"*\" eavesdrop=\"true\"/>"
-                 "<allow eavesdrop=\"true\"/><allow own=\"*\"/></policy></busconfig>");
-    config.close();
-    startBus({QStringLiteral("--config-file=") + config.fileName()});
+    startBusWith({});
     DesktopReminderStore store(2s);
-    EXPECT_THROW(GroceryList::add(store, {QStringLiteral("salt")}, {}), ReminderStoreError);
+    EXPECT_EQ(added(store), "This desktop has no task lists. You can save the list as a file instead.");
     // And none of the operations believes that it has one.
     EXPECT_THROW(store.lists(), ReminderStoreError);
 }
@@ -105,7 +138,99 @@ TEST_F(TaskServiceTest, SaysThatThereIsNoSessionBus)
 {
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
     DesktopReminderStore store(2s);
-    EXPECT_THROW(GroceryList::add(store, {QStringLiteral("salt")}, {}), ReminderStoreError);
+    EXPECT_EQ(added(store), "This desktop has no task lists. You can save the list as a file instead.");
+}
+
+const char* const refused =
+    "Ovrin doesn't have access to Reminders. You can allow it in Settings › Privacy & "
+    "Security › Reminders.";
+
+TEST_F(TaskServiceTest, IsRefusedInASandbox)
+{
+    startBusWith({});
+    QFile mark(m_home.filePath(QStringLiteral("mark")));
+    ASSERT_TRUE(mark.open(QIODevice::WriteOnly));
+    DesktopReminderStore store(2s, mark.fileName());
+    EXPECT_EQ(added(store), refused);
+}
+
+TEST_F(TaskServiceTest, IsRefusedTheAccountsByTheBus)
+{
+    startBusWith({accountService, listService},
+                 R"(<deny send_destination="org.gnome.evolution.dataserver.Sources5"/>)");
+    DesktopReminderStore store(5s);
+    EXPECT_EQ(added(store), refused);
+}
+
+TEST_F(TaskServiceTest, IsRefusedTheListsByTheBus)
+{
+    startBusWith({accountService, listService},
+                 R"(<deny send_destination="org.gnome.evolution.dataserver.Calendar8"/>)");
+    DesktopReminderStore store(5s);
+    EXPECT_EQ(added(store), refused);
+}
+
+TEST_F(TaskServiceTest, LeavesAReadOnlyListAlone)
+{
+    startBus({QStringLiteral("--session")});
+    // A subscribed list, whose server is not even there.
+    const QString sources = m_home.filePath(QStringLiteral("XDG_CONFIG_HOME/evolution/sources"));
+    QDir().mkpath(sources);
+    QFile source(sources + QStringLiteral("/subscribed.source"));
+    ASSERT_TRUE(source.open(QIODevice::WriteOnly));
+    source.write("[Data Source]\nDisplayName=Groceries\nEnabled=true\nParent=webcal-stub\n"
+                 "[Authentication]\nHost=127.0.0.1\nPort=9\nMethod=none\n"
+                 "[WebDAV Backend]\nResourcePath=/tasks.ics\n[Security]\nMethod=none\n"
+                 "[Task List]\nBackendName=webcal\nSelected=true\n");
+    source.close();
+    DesktopReminderStore store(10s);
+    EXPECT_EQ(added(store), "The list cannot be changed: it is read-only.");
+}
+
+TEST_F(TaskServiceTest, TellsWhatBecameOfTheItemsWhenTheServiceFails)
+{
+    startBusWith({accountService});
+    FaultyTaskService service(QString::fromUtf8(m_address));
+    struct Row
+    {
+        FaultyTaskService::Behaviour behaviour;
+        const char* said;
+        int added;
+    };
+    for (const Row& row :
+         {Row{{}, "Added 5 items to your Groceries list.", 5},
+          Row{{Fault::Offline}, "The list is offline. Try again when its account is connected.", 0},
+          Row{{Fault::Death, 0},
+              "The task lists could not be reached. Try again, or save the list as a file.",
+              0},
+          Row{{Fault::Death, 2},
+              "Only 2 of 5 items were added. Look at the list before you add them again.",
+              2},
+          Row{{Fault::Death, 5}, "Added 5 items to your Groceries list.", 5}}) {
+        service.behave(row.behaviour);
+        DesktopReminderStore store(10s);
+        EXPECT_EQ(added(store, 5), row.said);
+        EXPECT_EQ(service.added(), row.added) << row.said;
+    }
+}
+
+TEST_F(TaskServiceTest, DoesNotWaitForASilentService)
+{
+    startBusWith({accountService});
+    FaultyTaskService service(QString::fromUtf8(m_address));
+    DesktopReminderStore patient(10s);
+    ASSERT_EQ(added(patient), "Added 1 items to your Groceries list.") << "the list is there";
+    // Asked again, the list has what was taken without an answer. What it does not have it may still get.
+    for (const auto& [taken, said] :
+         {std::pair(5, "Added 5 items to your Groceries list."),
+          {2, "Only 2 of 5 items were added. Look at the list before you add them again."},
+          {0,
+           "The task lists stopped answering while items were being added. Look at the list before you add "
+           "them again."}}) {
+        service.behave({Fault::Silence, taken});
+        DesktopReminderStore store(500ms);
+        EXPECT_EQ(added(store, 5), said);
+    }
 }
 
 } // namespace
