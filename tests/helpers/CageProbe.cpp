@@ -70,8 +70,8 @@ long raisedLimit()
 
 long mapped(std::size_t bytes)
 {
-    return mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0) == MAP_FAILED ? -1
-                                                                                                          : 0;
+    // Not to be touched, so that only a limit of the process refuses it, and not the machine's size.
+    return mmap(nullptr, bytes, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0) == MAP_FAILED ? -1 : 0;
 }
 
 struct Attempt

@@ -87,7 +87,7 @@ TEST_F(Cage, IsWhatForbidsIt)
          {"read a file", "read the password file", "read its environment", "list a folder", "write a file",
           "create a file", "rename a file", "make a folder", "change a file's mode",
           "open an internet socket", "open a local socket", "make a socket pair", "fork", "clone a process",
-          "signal its parent", "make a file in memory", "run a program"}) {
+          "signal its parent", "make a file in memory", "run a program", "take 8 GB"}) {
         EXPECT_EQ(free.value(QString::fromLatin1(attempt), -1), 0) << attempt;
     }
 }

@@ -1,9 +1,7 @@
 #include "helpers/Pictures.h"
-#include "reader/Frame.h"
+#include "helpers/WarmReader.h"
 #include "reader/PhotoMessage.h"
 
-#include <QtCore/QElapsedTimer>
-#include <QtCore/QProcess>
 #include <QtGui/QImage>
 #include <gtest/gtest.h>
 
@@ -13,53 +11,20 @@
 namespace ovrin {
 namespace {
 
-/// The reader in its cage, asked again and again; started anew when a picture has ended it.
-class WarmReader
+class WarmPhotoReader : public WarmReader
 {
 public:
-    ~WarmReader() { stop(); }
+    WarmPhotoReader()
+        : WarmReader(QStringLiteral(OVRIN_WARM_READER))
+    {
+    }
 
     std::optional<reader::PhotoAnswer> photo(const QByteArray& bytes)
     {
-        if (m_process.state() == QProcess::NotRunning || ++m_asked % 100 == 0) {
-            stop();
-            m_process.setProcessChannelMode(QProcess::SeparateChannels);
-            m_process.setStandardErrorFile(QProcess::nullDevice());
-            m_process.start(QStringLiteral(OVRIN_WARM_READER), {});
-        }
-        QElapsedTimer timer;
-        timer.start();
-        m_process.write(reader::encoded({reader::MessageKind::Photo, bytes}));
-        reader::FrameAssembler assembler(reader::maximumPhotoAnswerBytes);
-        while (!assembler.frame()) {
-            if (!m_process.waitForReadyRead(30'000)) {
-                stop();
-                ++m_ended;
-                return std::nullopt;
-            }
-            EXPECT_TRUE(assembler.append(m_process.readAllStandardOutput()));
-        }
-        m_longest = std::max(m_longest, timer.elapsed());
-        const auto frame = assembler.frame();
-        return frame->kind == reader::MessageKind::Photo ? reader::PhotoAnswer::decoded(frame->body)
-                                                         : std::nullopt;
+        const auto frame = ask({reader::MessageKind::Photo, bytes}, reader::maximumPhotoAnswerBytes);
+        return frame && frame->kind == reader::MessageKind::Photo ? reader::PhotoAnswer::decoded(frame->body)
+                                                                  : std::nullopt;
     }
-
-    /// How many pictures have ended the process.
-    int ended() const { return m_ended; }
-    qint64 longestMilliseconds() const { return m_longest; }
-
-private:
-    void stop()
-    {
-        m_process.kill();
-        m_process.waitForFinished();
-    }
-
-    QProcess m_process;
-    int m_asked = 0;
-    int m_ended = 0;
-    qint64 m_longest = 0;
 };
 
 QImage decoded(const reader::PhotoAnswer& answer)
@@ -105,7 +70,7 @@ std::vector<Sample> samples()
 
 TEST(HostilePhotos, CutShortAreNoPhotosOrRightOnes)
 {
-    WarmReader reader;
+    WarmPhotoReader reader;
     for (const auto& [name, bytes] : samples()) {
         const auto whole = reader.photo(bytes);
         ASSERT_TRUE(whole) << name;
@@ -125,7 +90,7 @@ TEST(HostilePhotos, CutShortAreNoPhotosOrRightOnes)
 TEST(HostilePhotos, ThatClaimFarTooManyPixelsAreRefusedAndNotTried)
 {
     const QSize claim(60'000, 60'000);
-    WarmReader reader;
+    WarmPhotoReader reader;
     for (const auto& [name, bytes] : {
              Sample{"png", pictures::claimingPng(claim)},
              Sample{"jpeg", pictures::claimingJpeg(claim)},
@@ -143,7 +108,7 @@ TEST(HostilePhotos, ThatClaimFarTooManyPixelsAreRefusedAndNotTried)
 
 TEST(HostilePhotos, OfOtherFormatsAreNoPhotos)
 {
-    WarmReader reader;
+    WarmPhotoReader reader;
     const QByteArray svg =
         "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'><rect width='9' height='9'/></svg>";
     for (const auto& [name, bytes] : {
@@ -205,7 +170,7 @@ TEST(HostilePhotos, MutatedAreNoPhotosOrWithinBounds)
     constexpr int count = 2000;
     const auto originals = samples();
     std::mt19937 random(20'240'229);
-    WarmReader reader;
+    WarmPhotoReader reader;
     int photos = 0;
     for (int i = 0; i < count; ++i) {
         const auto& original = originals[static_cast<std::size_t>(i) % originals.size()];

@@ -6,9 +6,7 @@
 
 namespace ovrin {
 
-namespace {
-
-std::optional<QList<QList<TextBox>>> boxesOf(const std::optional<QByteArray>& body)
+std::optional<QList<QList<TextBox>>> ReaderPdfTextLayer::boxesOf(const std::optional<QByteArray>& body)
 {
     const auto answer = body ? reader::DocumentAnswer::decoded(*body) : std::nullopt;
     if (!answer) {
@@ -24,8 +22,6 @@ std::optional<QList<QList<TextBox>>> boxesOf(const std::optional<QByteArray>& bo
     }
     return pages;
 }
-
-} // namespace
 
 ReaderPdfTextLayer::ReaderPdfTextLayer(QString program, std::chrono::milliseconds time)
     : m_reader(std::move(program))

@@ -17,6 +17,9 @@ public:
 
     QCoro::Task<std::optional<QList<QList<TextBox>>>> pages(QByteArray pdf, std::stop_token stop) override;
 
+    /// What the body of a reader's answer says; nothing when there is none, or it is not sound.
+    static std::optional<QList<QList<TextBox>>> boxesOf(const std::optional<QByteArray>& body);
+
 private:
     DocumentReader m_reader;
     std::chrono::milliseconds m_time;

@@ -22,6 +22,52 @@ QByteArray Pdfs::stream(const QByteArray& content, const QByteArray& entries)
            "\nendstream";
 }
 
+QByteArray Pdfs::compressedStream(const QByteArray& content, const QByteArray& entries)
+{
+    // What zlib makes, behind the size that Qt puts first.
+    return stream(qCompress(content).sliced(4), entries + " /Filter /FlateDecode");
+}
+
+QByteArray Pdfs::packedFile(const QByteArrayList& objects)
+{
+    const auto packed = objects.size() + 1;
+    QByteArray bytes = "%PDF-1.5\n";
+    QByteArray table;
+    QByteArray places;
+    QByteArray together;
+    qsizetype count = 0;
+    // One row of the table: kind, then where, then which.
+    const auto row = [&](char kind, qsizetype where, qsizetype which) {
+        table += kind;
+        for (const int shift : {24, 16, 8, 0}) {
+            table += static_cast<char>(where >> shift);
+        }
+        table += static_cast<char>(which);
+    };
+    row(0, 0, 0);
+    const auto put = [&](qsizetype number, const QByteArray& object) {
+        row(1, bytes.size(), 0);
+        bytes += QByteArray::number(number) + " 0 obj\n" + object + "\nendobj\n";
+    };
+    for (qsizetype i = 0; i < objects.size(); ++i) {
+        if (objects[i].contains("stream")) {
+            put(i + 1, objects[i]);
+        } else {
+            row(2, packed, count++);
+            places += QByteArray::number(i + 1) + ' ' + QByteArray::number(together.size()) + ' ';
+            together += objects[i] + ' ';
+        }
+    }
+    put(packed, compressedStream(places + together, "/Type /ObjStm /N " + QByteArray::number(count) +
+                                                        " /First " + QByteArray::number(places.size())));
+    const QByteArray start = QByteArray::number(bytes.size());
+    const QByteArray size = QByteArray::number(packed + 2);
+    row(1, bytes.size(), 0);
+    bytes += QByteArray::number(packed + 1) + " 0 obj\n" +
+             compressedStream(table, "/Type /XRef /W [1 4 1] /Root 1 0 R /Size " + size) + "\nendobj\n";
+    return bytes + "startxref\n" + start + "\n%%EOF\n";
+}
+
 QByteArray Pdfs::textAt(int x, int y, const QByteArray& text, int size)
 {
     return "BT /F1 " + QByteArray::number(size) + " Tf " + QByteArray::number(x) + ' ' +
