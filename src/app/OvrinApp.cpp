@@ -32,7 +32,9 @@ OvrinApp::OvrinApp(std::unique_ptr<RecipeStore> store, const Folders& folders)
     : m_store(std::move(store))
     , m_pages(folders.program)
     , m_documents(folders.program)
+    , m_files(m_pages, m_documents)
     , m_importer(importServices(folders))
+    , m_inbox(folders.inbox ? std::make_unique<InboxWatch>(*folders.inbox) : nullptr)
     , m_notifications(std::make_unique<DesktopNotificationCenter>(DesktopNotificationCenter::surroundings(
           findHelper(folders.program, QStringLiteral("ovrin-notifier")))))
     , m_timers([] { return QDateTime::currentDateTimeUtc(); }, *m_notifications)
@@ -62,7 +64,7 @@ ImportCoordinator::Services OvrinApp::importServices(const Folders& folders)
                 return m_pages.importer().fetchDraft(std::move(url), std::move(stop));
             },
             [this](QString path, std::stop_token stop) {
-                return m_documents.importer().draft(std::move(path), std::move(stop));
+                return m_files.draft(std::move(path), std::move(stop));
             },
             [this](QByteArray bytes, QString type, std::stop_token stop) {
                 return m_documents.importer().draft(std::move(bytes), std::move(type), std::move(stop));
@@ -106,9 +108,25 @@ bool OvrinApp::openWindow()
     if (!window)
         return false;
     m_place = std::make_unique<WindowPlace>(*window, m_settings, QStringLiteral("libraryWindow"));
+    watchInbox(*window);
     window->show();
     window->requestActivate();
     return true;
+}
+
+void OvrinApp::watchInbox(QWindow& window)
+{
+    m_importer.drainInbox();
+    if (!m_inbox)
+        return;
+    connect(&window, &QWindow::activeChanged, m_inbox.get(), [this, &window] {
+        m_inbox->setActive(window.isActive());
+        // After the watch has begun: what comes in between is then seen by one of the two.
+        if (window.isActive())
+            m_importer.drainInbox();
+    });
+    connect(m_inbox.get(), &InboxWatch::changed, this,
+            [this] { m_importer.drainInbox(ImportCoordinator::Unreadable::Leave); });
 }
 
 void OvrinApp::bringForward(const ActivationToken& token)

@@ -3,13 +3,14 @@
 #include "cooking/CookTimers.h"
 #include "cooking/NotificationPresenter.h"
 #include "import/ImportCoordinator.h"
+#include "import/InboxWatch.h"
 #include "platform/desktop/PortalAppearance.h"
 #include "platform/desktop/QtDesktopActions.h"
 #include "platform/desktop/QtPasteboard.h"
 #include "platform/desktop/SettingsFlags.h"
 #include "platform/instance/StartRequest.h"
 #include "platform/sound/DesktopChime.h"
-#include "services/DocumentImport.h"
+#include "services/FileImport.h"
 #include "services/PageImport.h"
 #include "ui/cook/CookWindows.h"
 #include "ui/images/DraftPhotos.h"
@@ -18,6 +19,10 @@
 
 #include <QtCore/QSettings>
 #include <QtQml/QQmlEngine>
+
+QT_BEGIN_NAMESPACE
+class QWindow;
+QT_END_NAMESPACE
 
 namespace ovrin {
 
@@ -60,11 +65,15 @@ private:
     void open(const QUrl& address);
     ImportCoordinator::Services importServices(const Folders& folders);
     LibraryWindow::Services windowServices();
+    void watchInbox(QWindow& window);
 
     std::unique_ptr<RecipeStore> m_store;
     PageImport m_pages;
     DocumentImport m_documents;
+    FileImport m_files;
     ImportCoordinator m_importer;
+    /// None without an inbox.
+    std::unique_ptr<InboxWatch> m_inbox;
     NotificationPresenter m_presenter;
     std::unique_ptr<UserNotificationCenter> m_notifications;
     CookTimers m_timers;

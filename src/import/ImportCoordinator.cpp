@@ -294,28 +294,39 @@ void ImportCoordinator::handle(const QUrl& url)
     }
 }
 
-QCoro::Task<void> ImportCoordinator::drainInbox()
+QCoro::Task<void> ImportCoordinator::takeFromInbox(QString file, Unreadable unreadable)
 {
-    // Taking a draft suspends while its photo is made; a second call meanwhile would take the same files
-    // again.
-    if (!m_services.inbox || m_draining)
+    const QDateTime time = QFileInfo(file).lastModified();
+    if (m_taken.value(file) == time)
         co_return;
-    const QPointer<ImportCoordinator> self(this);
-    m_draining = true;
-    const DraftFolder inbox(*m_services.inbox);
-    for (const QString& file : inbox.files(DraftFolder::Order::ByAge)) {
-        auto draft = DraftFolder::read(file);
-        if (!draft) {
-            inbox.reject(file);
-            continue;
-        }
+    auto draft = DraftFolder::read(file);
+    if (draft) {
+        m_taken.insert(file, time);
         // Named, since g++ 12 destroys a temporary of an awaited call's arguments twice.
         const std::function<void()> remove = [file] { DraftFolder::remove(file); };
         co_await acceptFromOutside(*std::move(draft), remove);
-        if (!self)
-            co_return;
+    } else if (unreadable == Unreadable::Reject) {
+        DraftFolder(*m_services.inbox).reject(file);
     }
-    m_draining = false;
+}
+
+QCoro::Task<void> ImportCoordinator::drainInbox(Unreadable unreadable)
+{
+    m_isInboxChanged = true;
+    // Taking a draft suspends while its photo is made.
+    if (!m_services.inbox || m_isDraining)
+        co_return;
+    const QPointer<ImportCoordinator> self(this);
+    const DraftFolder inbox(*m_services.inbox);
+    m_isDraining = true;
+    while (std::exchange(m_isInboxChanged, false)) {
+        for (const QString& file : inbox.files(DraftFolder::Order::ByAge)) {
+            co_await takeFromInbox(file, unreadable);
+            if (!self)
+                co_return;
+        }
+    }
+    m_isDraining = false;
 }
 
 } // namespace ovrin

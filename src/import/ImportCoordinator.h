@@ -6,6 +6,8 @@
 #include "model/RecipeStore.h"
 
 #include <QCoro/QCoroTask>
+#include <QtCore/QDateTime>
+#include <QtCore/QHash>
 #include <QtCore/QObject>
 #include <QtCore/QUuid>
 
@@ -84,8 +86,14 @@ public:
     QCoro::Task<void> importDocument(QByteArray data, QString mimeType);
     /// An address opened from outside: a file, one of our links; anything else is ignored.
     void handle(const QUrl& url);
-    /// Takes what companions left in the inbox.
-    QCoro::Task<void> drainInbox();
+    enum class Unreadable {
+        /// What is no draft is put aside.
+        Reject,
+        /// It stays for the next time: it may be in the middle of being written.
+        Leave,
+    };
+    /// Takes what companions left in the inbox. A call during another one makes that look once more.
+    QCoro::Task<void> drainInbox(Unreadable unreadable = Unreadable::Reject);
     /// Stops the import whose activity text is shown; nothing of it is kept.
     void cancel();
 
@@ -111,6 +119,7 @@ private:
     QCoro::Task<void> finishDocument(const Activity& activity, QCoro::Task<RecipeDraft>& import);
     /// Replaces foreign photo bytes by a photo made of them.
     static QCoro::Task<RecipeDraft> withSafePhoto(PhotoMaker& photos, RecipeDraft draft);
+    QCoro::Task<void> takeFromInbox(QString file, Unreadable unreadable);
     QCoro::Task<void> acceptFromOutside(RecipeDraft draft, std::function<void()> whenSafe);
     QCoro::Task<void> reviewFromOutside(RecipeDraft draft);
 
@@ -121,7 +130,11 @@ private:
     QString m_reviewNotice;
     ReviewQueue m_queue;
     QList<std::shared_ptr<Running>> m_running;
-    bool m_draining = false;
+    /// Files of the inbox that were taken, with their times, until they are gone: that is when what became of
+    /// them is durable.
+    QHash<QString, QDateTime> m_taken;
+    bool m_isDraining = false;
+    bool m_isInboxChanged = false;
 };
 
 } // namespace ovrin

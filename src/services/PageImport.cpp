@@ -14,11 +14,10 @@ PageImport::PageImport(const QString& programFolder)
 {
 }
 
-QCoro::Task<RecipeDraft> PageImport::savedPage(QByteArray html, QUrl address)
+QCoro::Task<RecipeDraft> PageImport::savedPage(QByteArray html, QUrl address, std::stop_token stop)
 {
     RecipeDraft draft = parsedPage(html, address);
-    const std::stop_token never;
-    co_return co_await m_importer.loadImage(std::move(draft), never);
+    co_return co_await m_importer.loadImage(std::move(draft), stop);
 }
 
 RecipeDraft PageImport::parsedPage(const QByteArray& html, const QUrl& address)

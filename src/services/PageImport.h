@@ -22,7 +22,7 @@ public:
     RecipeImporter& importer() { return m_importer; }
     /// The draft of a page that is here already: its photo is fetched, the page itself is not. `address` may
     /// be empty. Throws RecipeImportError.
-    QCoro::Task<RecipeDraft> savedPage(QByteArray html, QUrl address);
+    QCoro::Task<RecipeDraft> savedPage(QByteArray html, QUrl address, std::stop_token stop = {});
     /// The same without the photo.
     static RecipeDraft parsedPage(const QByteArray& html, const QUrl& address);
     PhotoMaker& photos() { return *m_photos; }

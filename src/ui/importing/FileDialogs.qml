@@ -20,7 +20,7 @@ Item {
             FileDialog {
                 id: dialog
                 title: qsTr("Import PDF or Image")
-                nameFilters: [qsTr("PDFs and images (%1)").arg("*.pdf *.png *.jpg *.jpeg *.webp *.heic *.heif *.avif *.tif *.tiff *.gif *.bmp"),
+                nameFilters: [qsTr("PDFs, images, saved pages and texts (%1)").arg("*.pdf *.png *.jpg *.jpeg *.webp *.heic *.heif *.avif *.tif *.tiff *.gif *.bmp *.html *.htm *.xhtml *.txt *.md"),
                               qsTr("All files (*)")]
                 onAccepted: root.model.importFile(selectedFile)
             }

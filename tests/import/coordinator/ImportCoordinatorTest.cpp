@@ -1,6 +1,9 @@
 #include "import/ImportCoordinator.h"
+
+#include "import/InboxWatch.h"
 #include "import/error/RecipeImportError.h"
 
+#include "support/Outcome.h"
 #include <QCoro/QCoroFuture>
 #include <QCoro/QCoroSignal>
 #include <QtCore/QDir>
@@ -277,6 +280,49 @@ TEST_F(ImportCoordinatorTest, TakesTheInboxOnceAndKeepsWhatItCannotRead)
     EXPECT_EQ(filesIn(QStringLiteral("group/Inbox")),
               QStringList({QStringLiteral("4.JSON"), QStringLiteral("5.json.part")}));
     EXPECT_EQ(filesIn(QStringLiteral("group/Rejected")), QStringList{QStringLiteral("3.json")});
+}
+
+TEST_F(ImportCoordinatorTest, TakesWhatComesWhileTheWindowIsActive)
+{
+    leaveInInbox(QStringLiteral("half.json"), "{\"title\": \"half");
+    const auto coordinator = make();
+    InboxWatch watch(inboxPath());
+    QObject::connect(&watch, &InboxWatch::changed, coordinator.get(),
+                     [&] { coordinator->drainInbox(ImportCoordinator::Unreadable::Leave); });
+    watch.setActive(true);
+    const DraftFolder inbox(inboxPath());
+    ASSERT_TRUE(inbox.add(complete(QStringLiteral("First")), Instant{}));
+    ASSERT_TRUE(inbox.add(complete(QStringLiteral("Second")), Instant{}));
+    EXPECT_TRUE(runUntil([&] { return coordinator->waitingDrafts() == 1; }));
+    EXPECT_EQ(filesIn(QStringLiteral("group/Inbox")), QStringList{QStringLiteral("half.json")})
+        << "what may still be written is left alone";
+    EXPECT_EQ(filesIn(QStringLiteral("group/Rejected")), QStringList());
+
+    // While another window is in front, drafts wait.
+    watch.setActive(false);
+    ASSERT_TRUE(inbox.add(complete(QStringLiteral("Third")), Instant{}));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(coordinator->waitingDrafts(), 1);
+    coordinator->drainInbox();
+    EXPECT_EQ(coordinator->waitingDrafts(), 2);
+    EXPECT_EQ(filesIn(QStringLiteral("group/Rejected")), QStringList{QStringLiteral("half.json")});
+
+    // Emptied by a broom: it is there again when the window is.
+    ASSERT_TRUE(QDir(inboxPath()).removeRecursively());
+    watch.setActive(true);
+    ASSERT_TRUE(inbox.add(complete(QStringLiteral("Fourth")), Instant{}));
+    EXPECT_TRUE(runUntil([&] { return coordinator->waitingDrafts() == 3; }));
+}
+
+TEST_F(ImportCoordinatorTest, TakesAnotherDraftByTheSameName)
+{
+    leaveInInbox(QStringLiteral("1.json"), complete(QStringLiteral("Soup")).toJson());
+    const auto coordinator = make();
+    coordinator->drainInbox();
+    EXPECT_EQ(coordinator->waitingDrafts(), 0);
+    leaveInInbox(QStringLiteral("1.json"), complete(QStringLiteral("Cake")).toJson());
+    coordinator->drainInbox();
+    EXPECT_EQ(coordinator->waitingDrafts(), 1) << "another draft by the same name";
 }
 
 TEST_F(ImportCoordinatorTest, IgnoresForeignLinks)
