@@ -85,7 +85,7 @@ std::optional<LineShape::Numbered> LineShape::numbered(const QString& text)
                 u"(?:of\\s+\\d+|/\\s*\\d+)?\\s*[.:)–—-]?\\s*(.*)$",
                 true);
     static const QRegularExpression listed = pattern(u"^[(]?(\\d{1,2})[.)]\\s*(?!\\d)(.*)$");
-    static const QRegularExpression bare = pattern(u"^(\\d{1,2})(?:\\s+(\\p{Lu}.*))?$");
+    static const QRegularExpression bare = pattern(u"^(\\d{1,2})(?:\\s+([(\"“]?\\p{Lu}.*))?$");
     for (const QRegularExpression& form : {step, listed, bare}) {
         const auto match = form.match(text);
         if (match.hasMatch()) {
@@ -191,6 +191,11 @@ bool LineShape::looksLikeStep(const QString& raw)
     }
     const bool verb = RecipeWords::cookingVerbs().contains(word(parts.first()));
     return isProse(text) || (verb && (endsSentence(text) || parts.size() >= 5));
+}
+
+bool LineShape::startsWithVerb(const QString& raw)
+{
+    return RecipeWords::cookingVerbs().contains(word(withoutBullet(raw).section(u' ', 0, 0)));
 }
 
 double LineShape::estimatedWidth(const QString& text)

@@ -40,6 +40,9 @@ bool isProse(const QString& text);
 /// A direction, by its first word or because it is prose.
 bool looksLikeStep(const QString& text);
 
+/// The first word is one that directions begin with.
+bool startsWithVerb(const QString& text);
+
 /// Ends in a full stop, question mark or the like, closing brackets and quotes aside.
 bool endsSentence(const QString& text);
 

@@ -72,8 +72,13 @@ public:
         const Band band = depth < deepest ? bestBand(lines) : Band();
         if (band.weight == 0) {
             lines = inRows(std::move(lines));
+            double right = 0;
+            for (const TextLine& line : lines) {
+                right = std::max(right, line.place.right());
+            }
             for (qsizetype i = 0; i < lines.size(); ++i) {
                 lines[i].startsBlock = i == 0;
+                lines[i].columnRight = right;
             }
             return lines;
         }

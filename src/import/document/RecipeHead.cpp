@@ -1,5 +1,6 @@
 #include "import/document/RecipeHead.h"
 
+#include "import/document/IngredientSearch.h"
 #include "import/document/LineShape.h"
 #include "import/document/RecipeFacts.h"
 #include "import/document/RecipeItems.h"

@@ -1,5 +1,6 @@
 #include "import/document/RecipeItems.h"
 
+#include "import/document/LineFlow.h"
 #include "import/document/LineShape.h"
 #include "import/document/RecipeTextParser.h"
 #include "import/document/RecipeWords.h"
@@ -134,6 +135,7 @@ class IngredientList
 public:
     explicit IngredientList(const QList<TextLine>& lines)
         : m_lines(lines)
+        , m_flow(lines)
         , m_fullWidth(RecipeItems::fullWidth(lines))
         , m_isBulleted(count(lines, LineShape::hasBullet) * 5 >= lines.size() * 2)
     {
@@ -194,7 +196,14 @@ public:
         if (m_isBulleted) {
             return !line.startsBlock || text.front().isLower() || hasOpenBracket(entry);
         }
-        const bool room = RecipeItems::hadRoomFor(text, previous, m_fullWidth);
+        const bool room = m_flow.hadRoom(i);
+        const LineFlow::Verdict verdict = m_flow.verdict(i);
+        if (verdict == LineFlow::Verdict::Continues) {
+            return true;
+        }
+        if (verdict == LineFlow::Verdict::Begins) {
+            return hasOpenBracket(entry) && !room && !line.startsBlock;
+        }
         const bool runsOn = hasOpenBracket(entry) || QStringView(u"-/|").contains(previous.back()) ||
                             RecipeWords::connectors().contains(lastWord(previous)) ||
                             (isCount(lastWord(previous)) && !room);
@@ -230,7 +239,7 @@ private:
         qsizetype starts = 0;
         for (qsizetype i = 1; i < lines.size(); ++i) {
             const bool rest = lines[i].text.front().isLower() && !isPantryItem(lines[i].text);
-            const bool full = !RecipeItems::hadRoomFor(lines[i].text, lines[i - 1].text, m_fullWidth);
+            const bool full = !m_flow.hadRoom(i);
             behindFull += rest && full ? 1 : 0;
             behindShort += rest && !full ? 1 : 0;
             starts += rest ? 0 : 1;
@@ -247,6 +256,7 @@ private:
     }
 
     const QList<TextLine>& m_lines;
+    LineFlow m_flow;
     double m_fullWidth;
     bool m_isBulleted;
     bool m_isSpaced = false;

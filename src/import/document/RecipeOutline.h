@@ -19,18 +19,4 @@ struct RecipeOutline
 /// look like. Of several recipes the first one that has ingredients and directions is taken.
 RecipeOutline outline(const QList<TextLine>& lines);
 
-enum class HeadingKind { None, Ingredients, Directions, Other };
-
-struct Heading
-{
-    HeadingKind kind = HeadingKind::None;
-    /// What stands on the heading's line besides it: "(serves 4)", or the first words of the section.
-    QString rest;
-};
-
-Heading headingOf(const QString& line);
-
-/// Whether the line stands out as a title does, in larger type than the text around it.
-bool isLargeType(const TextLine& line);
-
 } // namespace ovrin

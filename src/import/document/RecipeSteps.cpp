@@ -1,3 +1,4 @@
+#include "import/document/LineFlow.h"
 #include "import/document/LineShape.h"
 #include "import/document/RecipeItems.h"
 #include "import/document/RecipeTextParser.h"
@@ -16,7 +17,7 @@ class Method
 public:
     explicit Method(const QList<TextLine>& lines)
         : m_lines(lines)
-        , m_fullWidth(RecipeItems::fullWidth(lines))
+        , m_flow(lines)
     {
         qsizetype bullets = 0;
         qsizetype sentences = 0;
@@ -64,11 +65,15 @@ public:
         if (LineShape::hasBullet(line.text)) {
             return m_isBulleted;
         }
+        if (m_flow.verdict(i) == LineFlow::Verdict::Continues) {
+            return false;
+        }
         const bool ended = LineShape::endsSentence(previous.text);
-        const bool room = RecipeItems::hadRoomFor(line.text, previous.text, m_fullWidth);
+        const bool room = m_flow.hadRoom(i);
         const bool jumped = line.page != previous.page;
         const bool apart = line.startsBlock && !jumped && ended;
-        const bool mayBreak = m_isOneLineEach || apart || (room && (ended || line.startsBlock));
+        const bool mayBreak = m_flow.verdict(i) == LineFlow::Verdict::Begins || m_isOneLineEach || apart ||
+                              (room && (ended || line.startsBlock));
         return RecipeTextParser::startsParagraph(line.text, previous.text, mayBreak);
     }
 
@@ -91,7 +96,7 @@ public:
 
 private:
     const QList<TextLine>& m_lines;
-    double m_fullWidth;
+    LineFlow m_flow;
     bool m_isNumbered = false;
     bool m_isBulleted = false;
     bool m_isOneLineEach = false;

@@ -21,9 +21,11 @@ struct TextLine
     double relativeHeight = 1;
     /// The page's index, from 0.
     int page = 0;
-    /// Where the line stands on its page, in the coordinates of `TextBox`; null where nobody knows, as in plain
-    /// text. It is left out of JSON.
+    /// Where the line stands on its page, in the coordinates of `TextBox`; null where nobody knows, as in
+    /// plain text. This and `columnRight` are left out of JSON.
     QRectF place = {};
+    /// How far to the right the lines of its column reach; 0 where nobody knows.
+    double columnRight = 0;
 
     bool operator==(const TextLine&) const = default;
 };

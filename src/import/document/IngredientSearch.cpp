@@ -1,0 +1,349 @@
+#include "import/document/IngredientSearch.h"
+
+#include "import/document/LineFlow.h"
+#include "import/document/LineShape.h"
+#include "import/document/RecipeFacts.h"
+#include "import/document/RecipeWords.h"
+
+#include <algorithm>
+
+namespace ovrin {
+
+namespace {
+
+constexpr double largeType = 1.25;
+/// Half of what an unremarkable short line scores, so that such lines neither open nor end a list.
+constexpr double likenessOfNothing = 0.15;
+constexpr double certainIngredient = 1.4;
+constexpr qsizetype longestPlainIngredient = 70;
+
+double likenessOf(const TextLine& line, bool isStep)
+{
+    if (RecipeFacts::isFact(line.text)) {
+        return -1.5;
+    }
+    double score = LineShape::ingredientLikeness(line.text) - likenessOfNothing;
+    score -= isStep ? 1.2 : 0;
+    score -= line.text.size() > 55 && !LineShape::startsWithAmount(line.text) ? 0.7 : 0;
+    return std::clamp(score, -2.0, 2.0);
+}
+
+/// Whether line `i` stands elsewhere than right below the line before. Without places that cannot be told.
+bool mayHaveJumped(const QList<TextLine>& lines, qsizetype i)
+{
+    return lines[i].place.isNull() || lines[i].place.top() < lines[i - 1].place.top() ||
+           lines[i].place.left() > lines[i - 1].place.right();
+}
+
+bool opensGroup(const QString& text)
+{
+    const QString lower = text.toLower();
+    return text.endsWith(u':') ||
+           std::any_of(RecipeWords::groupOpenings().begin(), RecipeWords::groupOpenings().end(),
+                       [&](const QString& opening) { return lower.startsWith(opening); });
+}
+
+} // namespace
+
+bool isLargeType(const TextLine& line)
+{
+    return line.relativeHeight >= largeType;
+}
+
+bool looksLikeTitle(const TextLine& line)
+{
+    const QString& text = line.text;
+    return text.size() >= 3 && text.size() <= 90 && !LineShape::startsWithAmount(text) &&
+           !LineShape::hasBullet(text) && !LineShape::endsSentence(text) && !LineShape::isProse(text) &&
+           text.front().isUpper() && !RecipeFacts::isFact(text);
+}
+
+IngredientSearch::IngredientSearch(const QList<TextLine>& lines)
+    : m_lines(lines)
+{
+    m_likeness.reserve(static_cast<std::size_t>(lines.size()));
+    m_isStep.reserve(static_cast<std::size_t>(lines.size()));
+    for (const TextLine& line : lines) {
+        m_isStep.push_back(LineShape::looksLikeStep(line.text));
+        m_likeness.push_back(likenessOf(line, m_isStep.back()));
+    }
+}
+
+bool IngredientSearch::isCertain(qsizetype i) const
+{
+    return likeness(i) + likenessOfNothing > certainIngredient;
+}
+
+bool IngredientSearch::mayBeListed(qsizetype i) const
+{
+    const TextLine& line = m_lines[i];
+    return line.text.size() <= longestPlainIngredient && !LineShape::isProse(line.text) &&
+           !isLargeType(line) && !RecipeFacts::isFact(line.text);
+}
+
+/// Whether line `i` is the rest of a sentence that fills the line before.
+bool IngredientSearch::continuesText(qsizetype i) const
+{
+    constexpr qsizetype leastText = 40;
+    return i > 0 && !m_lines[i].startsBlock && !isCertain(i) && m_lines[i - 1].text.size() >= leastText &&
+           m_lines[i].columnRight > 0 && !LineFlow(m_lines.sliced(i - 1, 2)).hadRoom(1);
+}
+
+qsizetype IngredientSearch::blockEnd(qsizetype begin) const
+{
+    qsizetype end = begin + 1;
+    while (end < m_lines.size() && !m_lines[end].startsBlock) {
+        ++end;
+    }
+    return end;
+}
+
+/// The stretch of lines that is most like a list of ingredients.
+LineRange IngredientSearch::run(qsizetype first) const
+{
+    LineRange best;
+    double bestScore = 0;
+    LineRange current;
+    double score = 0;
+    for (qsizetype i = first; i < m_lines.size(); ++i) {
+        if (score <= 0) {
+            current = {i, i};
+            score = 0;
+        }
+        score += isLargeType(m_lines[i]) ? -2.5 : likeness(i);
+        current.end = i + 1;
+        if (score > bestScore) {
+            best = current;
+            bestScore = score;
+        }
+    }
+    qsizetype certain = 0;
+    for (qsizetype i = best.begin; i < best.end; ++i) {
+        certain += isCertain(i) ? 1 : 0;
+    }
+    if (certain < 2) {
+        return {};
+    }
+    // The last words of the introduction are short, as an ingredient is.
+    while (!best.isEmpty() &&
+           (continuesText(best.begin) || (!m_lines[best.begin].startsBlock && !isCertain(best.begin) &&
+                                          LineShape::endsSentence(m_lines[best.begin].text)))) {
+        ++best.begin;
+    }
+    return withoutIntroduction(best);
+}
+
+/// `run` without a short text of its own block in front of it.
+LineRange IngredientSearch::withoutIntroduction(LineRange run) const
+{
+    constexpr qsizetype longestIntroduction = 2;
+    qsizetype apart = 0;
+    for (qsizetype i = run.begin; i < run.end; ++i) {
+        apart += m_lines[i].startsBlock ? 1 : 0;
+    }
+    const qsizetype end = blockEnd(run.begin);
+    if (apart * 2 > run.size() || end >= run.end || end - run.begin > longestIntroduction ||
+        opensGroup(m_lines[run.begin].text)) {
+        return run;
+    }
+    for (qsizetype i = run.begin; i < end; ++i) {
+        if (isCertain(i)) {
+            return run;
+        }
+    }
+    return {end, run.end};
+}
+
+qsizetype IngredientSearch::listEnd() const
+{
+    for (qsizetype i = 1; i < m_lines.size(); ++i) {
+        if (m_lines[i].startsBlock && mayHaveJumped(m_lines, i) && !LineShape::hasBullet(m_lines[i].text) &&
+            LineShape::isProse(m_lines[i].text) && likeness(i) < -1 && run(i).isEmpty()) {
+            return i;
+        }
+    }
+    return m_lines.size();
+}
+
+/// The first line of its own behind a list that has a bullet in front of most of its lines.
+qsizetype IngredientSearch::behindBullets(qsizetype begin) const
+{
+    qsizetype last = begin - 1;
+    qsizetype bullets = 0;
+    for (qsizetype i = begin; i < m_lines.size(); ++i) {
+        if (LineShape::hasBullet(m_lines[i].text)) {
+            last = i;
+            ++bullets;
+        }
+    }
+    if (bullets < 3 || bullets * 5 < (last + 1 - begin) * 3) {
+        return m_lines.size();
+    }
+    for (qsizetype i = last + 1; i < m_lines.size(); ++i) {
+        if (m_lines[i].startsBlock || isStep(i)) {
+            return i;
+        }
+    }
+    return m_lines.size();
+}
+
+/// A block of directions behind the list, where blank space parts them.
+qsizetype IngredientSearch::methodBlock(qsizetype begin) const
+{
+    qsizetype best = m_lines.size();
+    double bestScore = 0;
+    double score = 0;
+    for (qsizetype i = begin; i < m_lines.size(); ++i) {
+        if (i > begin && m_lines[i].startsBlock && score > bestScore) {
+            qsizetype steps = 0;
+            qsizetype certain = 0;
+            const qsizetype end = blockEnd(i);
+            for (qsizetype k = i; k < end; ++k) {
+                steps += isStep(k) ? 1 : 0;
+                certain += isCertain(k) ? 1 : 0;
+            }
+            if (steps > certain) {
+                best = i;
+                bestScore = score;
+            }
+        }
+        // A direction at the list's foot, without a space above it: the blank space is not what parts them.
+        if (best == m_lines.size() && isStep(i) && LineShape::startsWithVerb(m_lines[i].text)) {
+            return best;
+        }
+        score += likeness(i);
+    }
+    return best;
+}
+
+qsizetype IngredientSearch::directionsBegin(qsizetype begin) const
+{
+    for (const qsizetype found : {firstNumberedStep(begin), behindBullets(begin), methodBlock(begin)}) {
+        if (found > begin && found < m_lines.size()) {
+            return found;
+        }
+    }
+    qsizetype best = m_lines.size();
+    double bestScore = -1e9;
+    double score = 0;
+    for (qsizetype i = begin; i < m_lines.size(); ++i) {
+        const std::optional<LineShape::Numbered> number = LineShape::numbered(m_lines[i].text);
+        const bool mayBegin = isStep(i) || m_lines[i].startsBlock || (number && number->number == 1);
+        if (i > begin && mayBegin && score > bestScore) {
+            bestScore = score;
+            best = i;
+        }
+        score += likeness(i);
+    }
+    return score > bestScore ? m_lines.size() : best;
+}
+
+qsizetype IngredientSearch::furtherRecipe(qsizetype begin) const
+{
+    constexpr qsizetype linesToItsList = 16;
+    for (qsizetype i = begin; i < m_lines.size(); ++i) {
+        if (!isLargeType(m_lines[i]) || !looksLikeTitle(m_lines[i])) {
+            continue;
+        }
+        qsizetype certain = 0;
+        for (qsizetype k = i + 1; k < std::min(m_lines.size(), i + linesToItsList); ++k) {
+            certain += isCertain(k) ? 1 : 0;
+        }
+        if (certain >= 3) {
+            return i;
+        }
+    }
+    return m_lines.size();
+}
+
+/// The first line of the method, where it is numbered.
+qsizetype IngredientSearch::firstNumberedStep(qsizetype begin) const
+{
+    qsizetype first = m_lines.size();
+    for (qsizetype i = begin; i < m_lines.size(); ++i) {
+        const auto number = LineShape::numbered(m_lines[i].text);
+        if (!number || LineShape::isBareNumber(m_lines[i].text)) {
+            continue;
+        }
+        if (number->number == 2 && first < i) {
+            return first;
+        }
+        if (number->number == 1 && first == m_lines.size() && !LineShape::startsWithAmount(number->rest)) {
+            first = i;
+        }
+    }
+    return m_lines.size();
+}
+
+/// A block of lines that all end before their column does, above a block of running text.
+LineRange IngredientSearch::shortLinedBlock() const
+{
+    constexpr qsizetype leastLines = 3;
+    const LineFlow flow(m_lines);
+    for (qsizetype begin = 0; begin < m_lines.size();) {
+        const qsizetype end = blockEnd(begin);
+        qsizetype listed = 0;
+        for (qsizetype i = begin; i < end; ++i) {
+            const bool endedEarly = m_lines[i].columnRight > 0 && (i + 1 == end || flow.hadRoom(i + 1)) &&
+                                    m_lines[i].text.size() <= longestPlainIngredient &&
+                                    !isLargeType(m_lines[i]) && !RecipeFacts::isFact(m_lines[i].text);
+            const bool isVerb = LineShape::startsWithVerb(m_lines[i].text);
+            listed += (endedEarly && !isVerb) || (mayBeListed(i) && !isStep(i)) ? 1 : 0;
+        }
+        const bool stepsFollow =
+            std::any_of(m_isStep.begin() + static_cast<std::ptrdiff_t>(end), m_isStep.end(), std::identity());
+        if (end < m_lines.size() && end - begin >= leastLines && listed * 10 >= (end - begin) * 8 &&
+            stepsFollow) {
+            return {begin, end};
+        }
+        begin = end;
+    }
+    return {};
+}
+
+/// The block of mostly short lines that ends right before line `end`; empty when it holds other text.
+LineRange IngredientSearch::blockAbove(qsizetype end) const
+{
+    qsizetype begin = end;
+    while (begin > 0 && (begin == end || !m_lines[begin].startsBlock)) {
+        --begin;
+    }
+    qsizetype listed = 0;
+    for (qsizetype i = begin; i < end; ++i) {
+        listed += mayBeListed(i) ? 1 : 0;
+    }
+    return {listed * 10 >= (end - begin) * 6 ? begin : end, end};
+}
+
+/// `run` with the plain short lines around it: an ingredient without an amount looks like nothing in
+/// particular. Blocks are left behind only where the list was not found by its amounts.
+LineRange IngredientSearch::widened(LineRange run, bool acrossBlocks) const
+{
+    while (run.begin > 0 && mayBeListed(run.begin - 1) && !continuesText(run.begin - 1) &&
+           (acrossBlocks || (!run.isEmpty() && !m_lines[run.begin].startsBlock))) {
+        --run.begin;
+    }
+    while (!run.isEmpty() && run.end < m_lines.size() && mayBeListed(run.end) &&
+           !m_lines[run.end].startsBlock && !isStep(run.end)) {
+        ++run.end;
+    }
+    return run;
+}
+
+LineRange IngredientSearch::list() const
+{
+    const LineRange found = run(0);
+    if (!found.isEmpty()) {
+        return widened(found, false);
+    }
+    const qsizetype step = firstNumberedStep(0);
+    return step < m_lines.size() ? widened(blockAbove(step), true) : shortLinedBlock();
+}
+
+LineRange IngredientSearch::listAboveMethod() const
+{
+    const LineRange found = run(0);
+    return widened(found.isEmpty() ? blockAbove(m_lines.size()) : found, false);
+}
+
+} // namespace ovrin

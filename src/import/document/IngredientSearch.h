@@ -1,0 +1,70 @@
+#pragma once
+
+#include "import/document/TextLine.h"
+
+#include <vector>
+
+namespace ovrin {
+
+/// Lines `begin` to before `end`.
+struct LineRange
+{
+    qsizetype begin = 0;
+    qsizetype end = 0;
+
+    qsizetype size() const { return end - begin; }
+    bool isEmpty() const { return end <= begin; }
+};
+
+/// Finds lists of ingredients, and their ends, among lines by what these look like.
+class IngredientSearch
+{
+public:
+    /// `lines` must outlive this.
+    explicit IngredientSearch(const QList<TextLine>& lines);
+
+    /// A list without headings: by its amounts, or as the short lines right above a numbered method, or above
+    /// running text.
+    LineRange list() const;
+    /// The list in lines that all stand above the heading of the method.
+    LineRange listAboveMethod() const;
+    /// Whether some stretch of the lines from `begin` on is like a list by its amounts.
+    bool hasList(qsizetype begin) const { return !run(begin).isEmpty(); }
+
+    /// Where, in a list that begins at `begin` and that no heading ends, the directions begin.
+    qsizetype directionsBegin(qsizetype begin) const;
+    /// Where a list under a heading is followed by running text of the page: a spanning introduction that
+    /// stands higher than the list's end, but is read after its column.
+    qsizetype listEnd() const;
+    /// The first line from `begin` on of a further recipe without headings: large type, and soon after it a
+    /// list of ingredients.
+    qsizetype furtherRecipe(qsizetype begin) const;
+
+private:
+    bool isCertain(qsizetype i) const;
+    bool isStep(qsizetype i) const { return m_isStep[static_cast<std::size_t>(i)]; }
+    double likeness(qsizetype i) const { return m_likeness[static_cast<std::size_t>(i)]; }
+    bool mayBeListed(qsizetype i) const;
+    bool continuesText(qsizetype i) const;
+    qsizetype blockEnd(qsizetype begin) const;
+    LineRange run(qsizetype begin) const;
+    LineRange widened(LineRange run, bool acrossBlocks) const;
+    LineRange withoutIntroduction(LineRange run) const;
+    LineRange shortLinedBlock() const;
+    LineRange blockAbove(qsizetype end) const;
+    qsizetype firstNumberedStep(qsizetype begin) const;
+    qsizetype behindBullets(qsizetype begin) const;
+    qsizetype methodBlock(qsizetype begin) const;
+
+    const QList<TextLine>& m_lines;
+    std::vector<double> m_likeness;
+    std::vector<bool> m_isStep;
+};
+
+/// Whether the line stands out as a title does, in larger type than the text around it.
+bool isLargeType(const TextLine& line);
+
+/// Whether the line may be a recipe's name by its words, whatever its type.
+bool looksLikeTitle(const TextLine& line);
+
+} // namespace ovrin

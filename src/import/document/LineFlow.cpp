@@ -1,0 +1,237 @@
+#include "import/document/LineFlow.h"
+
+#include "import/document/LineShape.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace ovrin {
+
+namespace {
+
+/// Left edges closer than this are one edge, in letters.
+constexpr double sameEdge = 0.7;
+/// Blank spaces that differ by less than this are one size, in heights of a line.
+constexpr double sameGap = 0.09;
+
+double medianOf(std::vector<double> values)
+{
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+bool isMost(qsizetype some, qsizetype all)
+{
+    return all > 0 && some * 5 >= all * 4;
+}
+
+} // namespace
+
+LineFlow::LineFlow(const QList<TextLine>& lines)
+    : m_lines(lines)
+    , m_verdicts(static_cast<std::size_t>(lines.size()), Verdict::Unknown)
+    , m_indents(static_cast<std::size_t>(lines.size()), 0)
+    , m_reaches(static_cast<std::size_t>(lines.size()), 0)
+{
+    for (const TextLine& line : lines) {
+        m_fullWidth = std::max(m_fullWidth, LineShape::estimatedWidth(line.text));
+    }
+    const bool placed = !lines.isEmpty() && std::all_of(lines.begin(), lines.end(), [](const TextLine& line) {
+        return line.columnRight > 0;
+    });
+    if (placed) {
+        measure();
+        // Each is surer than the one before, and has the last word where it has one.
+        judgeByFirstLineIndent();
+        judgeByHangingIndent();
+        judgeByGaps();
+    }
+    if (!m_verdicts.empty()) {
+        m_verdicts.front() = Verdict::Begins;
+    }
+}
+
+bool LineFlow::hadRoom(qsizetype i) const
+{
+    const TextLine& line = m_lines[i];
+    const TextLine& previous = m_lines[i - 1];
+    const QString firstWord = line.text.section(u' ', 0, 0);
+    if (isPlaced()) {
+        return fits(i, previous.columnRight);
+    }
+    // The widths are estimates: a line counts as ended early only where the word would have fitted well.
+    constexpr double slack = 0.94;
+    return LineShape::estimatedWidth(previous.text + u' ' + firstWord) < slack * m_fullWidth;
+}
+
+/// Whether the first word of line `i` would fit on the line before, if that may reach to `columnRight`.
+bool LineFlow::fits(qsizetype i, double columnRight) const
+{
+    const TextLine& line = m_lines[i];
+    const QString firstWord = line.text.section(u' ', 0, 0);
+    const double word = line.place.width() * LineShape::estimatedWidth(firstWord + u' ') /
+                        std::max(1.0, LineShape::estimatedWidth(line.text));
+    return m_lines[i - 1].place.right() + word < columnRight;
+}
+
+/// Whether line `i` may be the rest of the one before: that fills the column, or at least all that the list
+/// at hand uses of it.
+bool LineFlow::followsLongLine(qsizetype i) const
+{
+    return !fits(i, std::min(m_lines[i - 1].columnRight, m_reaches[static_cast<std::size_t>(i - 1)]));
+}
+
+/// Whether line `i` stands below the one before, in the same column.
+bool LineFlow::followsDown(qsizetype i) const
+{
+    if (i == 0) {
+        return false;
+    }
+    const QRectF& place = m_lines[i].place;
+    const QRectF& previous = m_lines[i - 1].place;
+    return m_lines[i].page == m_lines[i - 1].page && place.top() > previous.top() &&
+           place.left() < previous.right() && place.right() > previous.left();
+}
+
+void LineFlow::measure()
+{
+    std::vector<double> letters;
+    std::vector<double> heights;
+    for (const TextLine& line : m_lines) {
+        letters.push_back(line.place.width() / std::max(1.0, LineShape::estimatedWidth(line.text)));
+        heights.push_back(line.place.height());
+    }
+    m_letter = medianOf(letters);
+    m_height = medianOf(heights);
+    for (qsizetype begin = 0; begin < m_lines.size();) {
+        double edge = m_lines[begin].place.left();
+        double reach = m_lines[begin].place.right();
+        qsizetype end = begin + 1;
+        for (; end < m_lines.size() && followsDown(end); ++end) {
+            edge = std::min(edge, m_lines[end].place.left());
+            reach = std::max(reach, m_lines[end].place.right());
+        }
+        for (; begin < end; ++begin) {
+            m_reaches[static_cast<std::size_t>(begin)] = reach;
+            m_indents[static_cast<std::size_t>(begin)] = (m_lines[begin].place.left() - edge) / m_letter;
+        }
+    }
+}
+
+/// The lines of an entry are set in below its first one.
+void LineFlow::judgeByHangingIndent()
+{
+    // A column of names beside one of amounts looks alike, where a name has no amount.
+    constexpr double widestHang = 5;
+    const auto isRest = [&](qsizetype i, double hang) {
+        return hang > widestHang ? !hadRoom(i) : followsLongLine(i);
+    };
+    std::vector<double> hangs;
+    qsizetype behindFull = 0;
+    for (qsizetype i = 1; i < m_lines.size(); ++i) {
+        const double hang = m_indents[i] - m_indents[i - 1];
+        if (followsDown(i) && hang > sameEdge) {
+            hangs.push_back(hang);
+            behindFull += isRest(i, hang) ? 1 : 0;
+        }
+    }
+    if (hangs.empty() || !isMost(behindFull, static_cast<qsizetype>(hangs.size()))) {
+        return;
+    }
+    const double usual = medianOf(hangs);
+    const auto alike = std::count_if(hangs.begin(), hangs.end(),
+                                     [&](double hang) { return std::abs(hang - usual) < sameEdge; });
+    if (!isMost(alike, static_cast<qsizetype>(hangs.size()))) {
+        return;
+    }
+    // The edge at which the entry at hand begins.
+    double edge = 0;
+    for (qsizetype i = 0; i < m_lines.size(); ++i) {
+        const double indent = m_indents[i];
+        if (i > 0 && !followsDown(i)) {
+            // In a new column: a line that is set in is the rest of an entry, if such lines follow full ones.
+            m_verdicts[i] = indent > sameEdge ? Verdict::Unknown : Verdict::Begins;
+            edge = 0;
+        } else if (i > 0 && std::abs(indent - edge - usual) < sameEdge) {
+            const bool isThird = usual <= widestHang && std::abs(m_indents[i - 1] - indent) < sameEdge;
+            const bool goesOn = isThird || isRest(i, usual);
+            m_verdicts[i] = goesOn ? Verdict::Continues : Verdict::Begins;
+        } else {
+            m_verdicts[i] = Verdict::Begins;
+            edge = indent;
+        }
+    }
+}
+
+/// The first line of a paragraph is set in, and nothing else is.
+void LineFlow::judgeByFirstLineIndent()
+{
+    qsizetype in = 0;
+    qsizetype behindEnd = 0;
+    qsizetype out = 0;
+    for (qsizetype i = 1; i < m_lines.size(); ++i) {
+        if (!followsDown(i)) {
+            continue;
+        }
+        if (m_indents[i] > sameEdge) {
+            ++in;
+            behindEnd += LineShape::endsSentence(m_lines[i - 1].text) ? 1 : 0;
+        } else {
+            ++out;
+        }
+    }
+    if (in == 0 || !isMost(behindEnd, in) || in > out * 2) {
+        return;
+    }
+    for (qsizetype i = 1; i < m_lines.size(); ++i) {
+        if (m_indents[i] > sameEdge) {
+            m_verdicts[i] = Verdict::Begins;
+        } else if (!hadRoom(i) || !LineShape::endsSentence(m_lines[i - 1].text)) {
+            m_verdicts[i] = Verdict::Continues;
+        }
+    }
+}
+
+/// A wider blank space parts entries than lines of one entry.
+void LineFlow::judgeByGaps()
+{
+    const auto gap = [&](qsizetype i) {
+        return (m_lines[i].place.bottom() - m_lines[i - 1].place.bottom()) / m_height;
+    };
+    std::vector<double> gaps;
+    for (qsizetype i = 1; i < m_lines.size(); ++i) {
+        if (followsDown(i)) {
+            gaps.push_back(gap(i));
+        }
+    }
+    if (gaps.size() < 2) {
+        return;
+    }
+    const double tight = *std::min_element(gaps.begin(), gaps.end());
+    qsizetype tightCount = 0;
+    qsizetype wideCount = 0;
+    qsizetype tightBehindFull = 0;
+    for (qsizetype i = 1; i < m_lines.size(); ++i) {
+        if (!followsDown(i)) {
+            continue;
+        }
+        if (gap(i) < tight + sameGap) {
+            ++tightCount;
+            tightBehindFull += followsLongLine(i) ? 1 : 0;
+        } else {
+            ++wideCount;
+        }
+    }
+    // Wrapped lines follow full ones. Where most tight lines do not, the wide spaces part groups of entries.
+    if (wideCount == 0 || !isMost(tightBehindFull, tightCount)) {
+        return;
+    }
+    for (qsizetype i = 1; i < m_lines.size(); ++i) {
+        if (followsDown(i)) {
+            m_verdicts[i] = gap(i) < tight + sameGap ? Verdict::Continues : Verdict::Begins;
+        }
+    }
+}
+
+} // namespace ovrin

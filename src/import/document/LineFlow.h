@@ -1,0 +1,49 @@
+#pragma once
+
+#include "import/document/TextLine.h"
+
+#include <vector>
+
+namespace ovrin {
+
+/// How the lines of one list or text follow each other on the page: what their places tell about where an
+/// entry or a paragraph begins. Without places it estimates from the widths of letters.
+class LineFlow
+{
+public:
+    /// `lines` must outlive this.
+    explicit LineFlow(const QList<TextLine>& lines);
+
+    /// Whether the first word of line `i` would have had room on the line before: then that line was ended on
+    /// purpose.
+    bool hadRoom(qsizetype i) const;
+
+    enum class Verdict { Begins, Continues, Unknown };
+
+    /// By indents and blank spaces, where the lines have a habit of them; the first line begins.
+    Verdict verdict(qsizetype i) const { return m_verdicts[static_cast<std::size_t>(i)]; }
+
+private:
+    bool isPlaced() const { return m_letter > 0; }
+    bool followsDown(qsizetype i) const;
+    bool fits(qsizetype i, double columnRight) const;
+    bool followsLongLine(qsizetype i) const;
+    void measure();
+    void judgeByHangingIndent();
+    void judgeByFirstLineIndent();
+    void judgeByGaps();
+
+    const QList<TextLine>& m_lines;
+    std::vector<Verdict> m_verdicts;
+    /// From the left edge of the run of lines that line `i` stands in, in letters.
+    std::vector<double> m_indents;
+    /// How far to the right the run of lines reaches that line `i` stands in.
+    std::vector<double> m_reaches;
+    /// Width of an average letter and height of a line, as parts of the page; 0 without places.
+    double m_letter = 0;
+    double m_height = 0;
+    /// Of the widest line, by LineShape::estimatedWidth.
+    double m_fullWidth = 0;
+};
+
+} // namespace ovrin

@@ -1,0 +1,166 @@
+#include "import/document/RecipeSections.h"
+
+#include "import/document/LineShape.h"
+#include "import/document/RecipeFacts.h"
+#include "import/document/RecipeTextParser.h"
+#include "import/document/RecipeWords.h"
+
+#include <QtCore/QRegularExpression>
+
+#include <algorithm>
+
+namespace ovrin {
+
+Heading headingOf(const QString& line)
+{
+    static const QRegularExpression spaced(QStringLiteral("^(?:\\p{L} ){3,}\\p{L}:?$"),
+                                           QRegularExpression::UseUnicodePropertiesOption);
+    static const QRegularExpression ornament(QStringLiteral("^[^\\p{L}]+"),
+                                             QRegularExpression::UseUnicodePropertiesOption);
+    constexpr qsizetype longestHeading = 48;
+    QString text = spaced.match(line).hasMatch() ? QString(line).remove(u' ') : line;
+    if (LineShape::startsWithAmount(text) || LineShape::hasBullet(text)) {
+        return {};
+    }
+    text.remove(ornament);
+    while (!text.isEmpty() && !text.back().isLetterOrNumber() && text.back() != u')' && text.back() != u'.') {
+        text.chop(1);
+    }
+    struct Table
+    {
+        HeadingKind kind;
+        const QStringList& words;
+    };
+    for (const Table& table : {Table{HeadingKind::Ingredients, RecipeWords::ingredientHeadings()},
+                               Table{HeadingKind::Directions, RecipeWords::directionHeadings()},
+                               Table{HeadingKind::Other, RecipeWords::otherHeadings()}}) {
+        for (const QString& word : table.words) {
+            if (!text.startsWith(word, Qt::CaseInsensitive)) {
+                continue;
+            }
+            const bool fact = RecipeFacts::isFact(line);
+            const QString rest = text.mid(word.size()).trimmed();
+            // "Zubereitung: Den Ofen heizen": the section begins on the heading's own line.
+            if (rest.startsWith(u':') && !fact) {
+                return {table.kind, rest.mid(1).trimmed()};
+            }
+            if (!fact && text.size() <= longestHeading &&
+                RecipeTextParser::isHeading(text.toLower(), {word})) {
+                return {table.kind, rest.startsWith(u'(') || RecipeFacts::isFact(rest) ? rest : QString()};
+            }
+        }
+    }
+    return {};
+}
+
+namespace {
+
+class Sections
+{
+public:
+    QList<Section> of(const QList<TextLine>& lines)
+    {
+        for (qsizetype i = 0; i < lines.size(); ++i) {
+            const bool jumps =
+                i > 0 && !lines[i].place.isNull() &&
+                (lines[i].page != lines[i - 1].page || lines[i].place.top() < lines[i - 1].place.top());
+            add(lines[i], jumps);
+        }
+        return m_sections;
+    }
+
+private:
+    /// Where a section's lines stand on the last page that has any.
+    struct Column
+    {
+        int page = -1;
+        double left = 0;
+        double right = 0;
+    };
+
+    void add(const TextLine& line, bool jumps)
+    {
+        // "Stir in the dry" and then "ingredients: flour, sugar": the rest of a sentence is no heading.
+        const bool runsOn = !line.startsBlock && !line.text.isEmpty() && line.text.front().isLower();
+        const Heading heading = runsOn ? Heading() : headingOf(line.text);
+        if (heading.kind == HeadingKind::None) {
+            if (jumps) {
+                m_current = continued(line);
+            }
+            append(line);
+            return;
+        }
+        // Above the recipe "Reviews" or "Video" is a button, not the heading of a section.
+        if (heading.kind == HeadingKind::Other && !m_recipeBegun) {
+            return;
+        }
+        m_recipeBegun = true;
+        const bool restIsAside = RecipeFacts::isFact(heading.rest) || heading.rest.startsWith(u'(');
+        if (restIsAside) {
+            m_sections.first().lines.append({heading.rest, true, 1, line.page});
+        }
+        m_sections.append({heading.kind, {}});
+        m_columns.append(Column());
+        m_current = m_sections.size() - 1;
+        note(line);
+        if (!heading.rest.isEmpty() && !restIsAside) {
+            TextLine first = line;
+            first.text = heading.rest;
+            first.startsBlock = true;
+            append(first);
+        }
+    }
+
+    void append(const TextLine& line)
+    {
+        m_sections[m_current].lines.append(line);
+        note(line);
+    }
+
+    void note(const TextLine& line)
+    {
+        Column& column = m_columns[m_current];
+        const QRectF& place = line.place;
+        if (column.page != line.page) {
+            column = {line.page, place.left(), place.right()};
+        } else {
+            column.left = std::min(column.left, place.left());
+            column.right = std::max(column.right, place.right());
+        }
+    }
+
+    /// The section that goes on where `line` begins a page or a column: the one at hand, unless it does not
+    /// reach there and another one stood above, on the page before.
+    qsizetype continued(const TextLine& line) const
+    {
+        const auto shared = [&](const Column& column) {
+            return std::min(column.right, line.place.right()) - std::max(column.left, line.place.left());
+        };
+        const Column& own = m_columns[m_current];
+        if (shared(own) > 0) {
+            return m_current;
+        }
+        for (qsizetype i = m_sections.size() - 1; i > 0; --i) {
+            const Column& column = m_columns[i];
+            const bool wasBeside = column.page == line.page - 1 || column.page == line.page;
+            if (wasBeside && shared(column) > 0.5 * line.place.width()) {
+                return i;
+            }
+        }
+        return m_current;
+    }
+
+    QList<Section> m_sections{Section()};
+    QList<Column> m_columns{Column()};
+    qsizetype m_current = 0;
+    bool m_recipeBegun = false;
+};
+
+} // namespace
+
+QList<Section> sectionsOf(const QList<TextLine>& lines)
+{
+    return Sections().of(lines);
+}
+
+} // namespace ovrin

@@ -1,0 +1,111 @@
+#include "PagePicture.h"
+
+#include "import/document/LineFlow.h"
+#include "import/document/PageColumns.h"
+#include "import/document/RecipeTextParser.h"
+
+using namespace ovrin;
+
+namespace {
+
+struct FlowCase
+{
+    const char* name;
+    const char* picture;
+    /// A letter a line: b begins, c continues, ? unknown.
+    const char* verdicts;
+};
+
+class LineFlowOf : public testing::TestWithParam<FlowCase>
+{
+};
+
+} // namespace
+
+TEST_P(LineFlowOf, TellsWhereEntriesBegin)
+{
+    const QList<TextLine> lines = PageColumns::regrouped(pagePicture(GetParam().picture));
+    const LineFlow flow(lines);
+    std::string verdicts;
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        verdicts += flow.verdict(i) == LineFlow::Verdict::Begins      ? 'b'
+                    : flow.verdict(i) == LineFlow::Verdict::Continues ? 'c'
+                                                                      : '?';
+    }
+    EXPECT_EQ(verdicts, GetParam().verdicts);
+}
+
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Lists, LineFlowOf, testing::Values(
+    FlowCase{"HangingIndent",
+        "1 (46 fluid ounce) bottle tomato-\n"
+        "   vegetable juice\n"
+        "Parsley\n"
+        "2 cups of flour, and more of it\n"
+        "   for dusting\n",
+        "bcbbc"},
+    FlowCase{"GroupsSetIn",
+        "Dough\n"
+        "   200 g flour of the finest kind\n"
+        "   1 egg\n"
+        "Filling\n"
+        "   Apples\n",
+        "b????"},
+    FlowCase{"NamesBesideMissingAmounts",
+        "1          bottle of lemon juice\n"
+        "           Worcestershire sauce\n"
+        "           salt\n",
+        // The amounts' column is read first here; what counts is that no name is taken for the rest of one.
+        "b???"},
+    FlowCase{"FirstLinesSetIn",
+        "Cut the onion into small cubes and\n"
+        "fry them.\n"
+        "   Boil everything for as long as it\n"
+        "takes.\n"
+        "   Eat.\n",
+        "bcbcb"},
+    FlowCase{"NoHabit",
+        "200 g flour\n"
+        "1 egg\n"
+        "Milk\n",
+        "b??"}),
+    [](const auto& drawn) { return std::string(drawn.param.name); });
+// clang-format on
+
+TEST(LineFlow, TellsEntriesApartByTheBlankSpaceBetweenThem)
+{
+    QList<TextLine> lines;
+    double y = 0.1;
+    for (const auto& [text, gap] : {std::pair("2 cups of flour, and more of it", 0.0),
+                                    {"for dusting", 0.02},
+                                    {"Parsley", 0.025},
+                                    {"1 bottle of juice of tomatoes and", 0.025},
+                                    {"carrots", 0.02}}) {
+        y += gap;
+        const QString line = QString::fromUtf8(text);
+        lines.append({line, false, 1, 0, {0.1, y, static_cast<double>(line.size()) * 0.01, 0.015}, 0.45});
+    }
+    const LineFlow flow(lines);
+    using enum LineFlow::Verdict;
+    const std::vector expected{Begins, Continues, Begins, Begins, Continues};
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        EXPECT_EQ(flow.verdict(i), expected[static_cast<std::size_t>(i)]) << lines[i].text.toStdString();
+    }
+}
+
+TEST(LineFlow, LetsAMethodGoOnInItsOwnColumnOnTheNextPage)
+{
+    const QList<TextLine> lines = pagePicture("Soup\n"
+                                              "\n"
+                                              "Method                         Ingredients\n"
+                                              "1. Cut the onion.              1 onion\n"
+                                              "2. Boil the onion in           2 carrots\n"
+                                              "water that is hot and          1 l water\n") +
+                                  pagePicture("salted.\n"
+                                              "3. Serve with bread.\n",
+                                              1);
+    const RecipeDraft draft = RecipeTextParser::parse(lines);
+    EXPECT_EQ(draft.ingredients.join(u'/'), u"1 onion/2 carrots/1 l water");
+    ASSERT_EQ(draft.steps.size(), 3);
+    EXPECT_EQ(draft.steps[1].paragraphs.join(u'/'), u"Boil the onion in water that is hot and salted.");
+}
