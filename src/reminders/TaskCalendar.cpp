@@ -1,5 +1,7 @@
 #include "reminders/TaskCalendar.h"
 
+#include <QtCore/QRegularExpression>
+#include <QtCore/QSaveFile>
 #include <QtCore/QUuid>
 
 namespace ovrin::TaskCalendar {
@@ -65,6 +67,30 @@ QByteArray write(const QStringList& items, const QString& recipeTitle, const QDa
     }
     addLine(file, "END:VCALENDAR");
     return file;
+}
+
+bool save(const QString& path, const QStringList& items, const QString& recipeTitle, const QDateTime& now)
+{
+    const QByteArray bytes = write(items, recipeTitle, now);
+    QSaveFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+}
+
+QString fileName(const QString& recipeTitle)
+{
+    // Of characters, since that is what may be cut; at four bytes each they fit the 255 of a file name.
+    constexpr std::size_t longest = 50;
+    static const QString suffix = QStringLiteral("Groceries.ics");
+    static const QRegularExpression forbidden(QStringLiteral("[\\x00-\\x1F\\x7F/\\\\:*?\"<>|]+"));
+    // A leading dot would hide the file.
+    static const QRegularExpression leading(QStringLiteral("^[.\\s]+"));
+    const std::u32string characters = QString(recipeTitle)
+                                          .replace(forbidden, QStringLiteral(" "))
+                                          .remove(leading)
+                                          .simplified()
+                                          .toStdU32String();
+    const QString name = QString::fromStdU32String(characters.substr(0, longest)).trimmed();
+    return name.isEmpty() ? suffix : QStringLiteral("%1 – %2").arg(name, suffix);
 }
 
 } // namespace ovrin::TaskCalendar

@@ -14,6 +14,12 @@ namespace TaskCalendar {
 /// The same items, title and moment give the same bytes.
 QByteArray write(const QStringList& items, const QString& recipeTitle, const QDateTime& now);
 
+/// The same into a file, which is whole or as it was before. Whether it could be written.
+bool save(const QString& path, const QStringList& items, const QString& recipeTitle, const QDateTime& now);
+
+/// A name for such a file, which every file system takes.
+QString fileName(const QString& recipeTitle);
+
 } // namespace TaskCalendar
 
 } // namespace ovrin

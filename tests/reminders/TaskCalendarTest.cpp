@@ -1,5 +1,7 @@
 #include "reminders/TaskCalendar.h"
 
+#include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
 #include <gtest/gtest.h>
 
 using namespace ovrin;
@@ -52,6 +54,30 @@ TEST(TaskCalendar, FoldsWithoutCuttingACharacter)
         }
         EXPECT_TRUE(unfolded(file).contains("SUMMARY:" + item.toUtf8() + '\r'));
     }
+}
+
+TEST(TaskCalendar, IsSavedWholeOrNotAtAll)
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath(TaskCalendar::fileName(QStringLiteral("Crêpes")));
+    ASSERT_TRUE(TaskCalendar::save(path, {QStringLiteral("salt")}, {}, moment));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), TaskCalendar::write({QStringLiteral("salt")}, {}, moment));
+    EXPECT_FALSE(TaskCalendar::save(folder.filePath(QStringLiteral("no/where.ics")), {}, {}, moment));
+}
+
+TEST(TaskCalendar, ItsFileHasANameThatCanBeWritten)
+{
+    QTemporaryDir folder;
+    for (const auto& [title, name] : {std::pair("Soup", "Soup – Groceries.ics"),
+                                      {"", "Groceries.ics"},
+                                      {"../..", "Groceries.ics"},
+                                      {" .hidden", "hidden – Groceries.ics"},
+                                      {"1/2 \"cup\": a\nb", "1 2 cup a b – Groceries.ics"}})
+        EXPECT_EQ(TaskCalendar::fileName(QString::fromUtf8(title)).toStdString(), name);
+    const QString longest = TaskCalendar::fileName(QStringLiteral("🍋").repeated(500));
+    EXPECT_TRUE(TaskCalendar::save(folder.filePath(longest), {}, {}, moment)) << longest.size();
 }
 
 } // namespace

@@ -190,6 +190,48 @@ TEST_F(LibraryWindowTest, sharesTheScaledRecipe)
     EXPECT_TRUE(fixture.desktop.opened.first().toEncoded().contains("subject=Soup"));
 }
 
+TEST_F(LibraryWindowTest, addsGroceriesOnceAPress)
+{
+    fixture.isHeld = true;
+    const RecipePtr recipe = fixture.library.add(soup());
+    window->openRecipe(id(recipe));
+    window->recipe()->setScale(2);
+    window->addGroceries();
+    window->addGroceries();
+    EXPECT_TRUE(window->isAddingGroceries());
+    EXPECT_EQ(window->groceryMessage(), QString());
+    fixture.isHeld = false;
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !window->isAddingGroceries(); }));
+    EXPECT_EQ(fixture.groceries, QList<QStringList>{window->recipe()->groceryLines()});
+    EXPECT_TRUE(window->groceryMessage().startsWith(u"Added "_qs));
+
+    // Told where it belongs: not under the recipe that is shown meanwhile.
+    fixture.isHeld = true;
+    window->addGroceries();
+    window->openRecipe(id(fixture.library.add(u"Cake"_qs)));
+    fixture.isHeld = false;
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !window->isAddingGroceries(); }));
+    EXPECT_EQ(window->groceryMessage(), QString());
+}
+
+TEST_F(LibraryWindowTest, savesGroceriesAsTheyAreScaled)
+{
+    window->openRecipe(id(fixture.library.add(soup())));
+    window->recipe()->setScale(2);
+    EXPECT_TRUE(window->groceryFile().toLocalFile().endsWith(u"/Soup – Groceries.ics"_qs));
+    const QString path = fixture.library.path(u"list.ics"_qs);
+    window->saveGroceries(QUrl::fromLocalFile(path));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray tasks = file.readAll();
+    EXPECT_TRUE(tasks.contains("SUMMARY:2 onion")) << tasks.constData();
+    EXPECT_EQ(tasks.count("BEGIN:VTODO"), window->recipe()->groceryLines().size());
+    EXPECT_EQ(window->groceryMessage(),
+              u"Saved %1 items to “list.ics”."_qs.arg(window->recipe()->groceryLines().size()));
+    window->saveGroceries(QUrl::fromLocalFile(fixture.library.path(u"no/where.ics"_qs)));
+    EXPECT_EQ(window->groceryMessage(), u"The grocery list couldn’t be saved to “where.ics”."_qs);
+}
+
 TEST_F(LibraryWindowTest, opensWebPagesAlone)
 {
     RecipeDraft draft = soup();

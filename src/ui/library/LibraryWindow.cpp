@@ -2,12 +2,15 @@
 
 #include "cooking/CookTimers.h"
 #include "model/SampleRecipes.h"
+#include "reminders/TaskCalendar.h"
 #include "ui/desktop/DesktopActions.h"
 #include "ui/desktop/Pasteboard.h"
 #include "ui/images/RecipePhotos.h"
 #include "ui/recipe/DirectionText.h"
 
+#include <QtCore/QDir>
 #include <QtCore/QPointer>
+#include <QtCore/QStandardPaths>
 #include <QtCore/QUrlQuery>
 
 namespace ovrin {
@@ -15,6 +18,7 @@ namespace ovrin {
 namespace {
 /// More than anyone drops on purpose: a page of links dragged by mistake must not start a thousand imports.
 constexpr qsizetype mostDropped = 50;
+constexpr qsizetype longestText = 64L * 1024;
 } // namespace
 
 LibraryWindow::LibraryWindow(Services services, QObject* parent)
@@ -34,10 +38,7 @@ LibraryWindow::LibraryWindow(Services services, QObject* parent)
     connect(&m_editor, &EditorModel::cancelled, this, &LibraryWindow::onCancelled);
     connect(&m_editor, &EditorModel::worthKeeping, this, &LibraryWindow::onWorthKeeping);
     connect(&m_recipe, &RecipeViewModel::gone, this, &LibraryWindow::onGone);
-    connect(&m_recipe, &RecipeViewModel::shown, this, [this] {
-        m_groceryMessage.clear();
-        Q_EMIT groceryMessageChanged();
-    });
+    connect(&m_recipe, &RecipeViewModel::shown, this, [this] { sayOfGroceries({}); });
     connect(&m_services.store, &RecipeStore::saveFailed, this,
             [this](const RecipePtr&, const QString& text) { say(text); });
     connect(&m_services.store, &RecipeStore::readFailed, this, &LibraryWindow::say);
@@ -273,7 +274,7 @@ bool LibraryWindow::drop(const QList<QUrl>& urls, const QString& text)
         if (url.isLocalFile() || ImportSheetModel::fullWebAddress(url.toString()))
             wanted.append(url);
     if (wanted.isEmpty())
-        for (const QString& line : text.left(64 * 1024).split(u'\n', Qt::SkipEmptyParts))
+        for (const QString& line : text.left(longestText).split(u'\n', Qt::SkipEmptyParts))
             if (const auto url = ImportSheetModel::fullWebAddress(line.trimmed());
                 url && wanted.size() < mostDropped)
                 wanted.append(*url);
@@ -286,7 +287,7 @@ bool LibraryWindow::paste()
 {
     const QString text = m_services.pasteboard.text().trimmed();
     QList<QUrl> files;
-    for (const QString& line : text.left(64 * 1024).split(u'\n', Qt::SkipEmptyParts))
+    for (const QString& line : text.left(longestText).split(u'\n', Qt::SkipEmptyParts))
         if (const QUrl url(line.trimmed()); url.isLocalFile())
             files.append(url);
     if (drop(files, text))
@@ -305,7 +306,7 @@ void LibraryWindow::cook()
 
 void LibraryWindow::addGroceries()
 {
-    if (m_services.addGroceries && m_recipe.recipe())
+    if (m_services.addGroceries && m_recipe.recipe() && !m_isAddingGroceries)
         sendGroceries();
 }
 
@@ -313,11 +314,42 @@ QCoro::Task<void> LibraryWindow::sendGroceries()
 {
     const QPointer<LibraryWindow> self(this);
     const RecipePtr recipe = m_recipe.recipe();
+    setAddingGroceries(true);
     const QString message = co_await m_services.addGroceries(m_recipe.groceryLines(), recipe->title());
-    if (!self || m_recipe.recipe() != recipe)
+    if (!self)
         co_return;
+    setAddingGroceries(false);
+    if (m_recipe.recipe() == recipe)
+        sayOfGroceries(message);
+}
+
+void LibraryWindow::setAddingGroceries(bool isAdding)
+{
+    m_isAddingGroceries = isAdding;
+    Q_EMIT isAddingGroceriesChanged();
+}
+
+void LibraryWindow::sayOfGroceries(const QString& message)
+{
     m_groceryMessage = message;
     Q_EMIT groceryMessageChanged();
+}
+
+QUrl LibraryWindow::groceryFile() const
+{
+    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    return QUrl::fromLocalFile(folder.filePath(TaskCalendar::fileName(m_recipe.title())));
+}
+
+void LibraryWindow::saveGroceries(const QUrl& file)
+{
+    const QString path = file.toLocalFile();
+    const QStringList lines = m_recipe.groceryLines();
+    const bool isSaved =
+        TaskCalendar::save(path, lines, m_recipe.title(), toDateTime(m_services.store.now()));
+    const QString name = QFileInfo(path).fileName();
+    sayOfGroceries(isSaved ? tr("Saved %1 items to “%2”.").arg(QString::number(lines.size()), name)
+                           : tr("The grocery list couldn’t be saved to “%1”.").arg(name));
 }
 
 void LibraryWindow::copyRecipe()

@@ -41,6 +41,7 @@ class LibraryWindow : public QObject
     Q_PROPERTY(bool canImportFiles READ canImportFiles CONSTANT)
     Q_PROPERTY(bool canImportPictures READ canImportPictures CONSTANT)
     Q_PROPERTY(bool canAddGroceries READ canAddGroceries CONSTANT)
+    Q_PROPERTY(bool isAddingGroceries READ isAddingGroceries NOTIFY isAddingGroceriesChanged)
     Q_PROPERTY(QString groceryMessage READ groceryMessage NOTIFY groceryMessageChanged)
     Q_PROPERTY(bool isReviewing READ isReviewing NOTIFY reviewingChanged)
 
@@ -92,6 +93,7 @@ public:
     bool canImportPictures() const { return m_services.importsPictures; }
     bool canImportFiles() const { return m_services.importsFiles; }
     bool canAddGroceries() const { return static_cast<bool>(m_services.addGroceries); }
+    bool isAddingGroceries() const { return m_isAddingGroceries; }
     const QString& groceryMessage() const { return m_groceryMessage; }
     bool isReviewing() const { return m_editing == Editing::Review; }
 
@@ -127,7 +129,11 @@ public:
     Q_INVOKABLE bool paste();
 
     Q_INVOKABLE void cook();
+    /// One at a time: a second press while the task service is slow must not add everything twice.
     Q_INVOKABLE void addGroceries();
+    /// Where the grocery list would be saved.
+    Q_INVOKABLE QUrl groceryFile() const;
+    Q_INVOKABLE void saveGroceries(const QUrl& file);
     Q_INVOKABLE void copyRecipe();
     Q_INVOKABLE void mailRecipe();
     /// A link in the directions. A mention of an ingredient comes back as `ingredientWanted`.
@@ -140,6 +146,7 @@ Q_SIGNALS:
     void waitingDraftsChanged();
     void deletedChanged();
     void messageChanged();
+    void isAddingGroceriesChanged();
     void groceryMessageChanged();
     void reviewingChanged();
     void ingredientWanted(int row);
@@ -158,6 +165,8 @@ private:
     void onGone(const RecipePtr& recipe);
     RecipePtr find(const QString& recipeId) const;
     QCoro::Task<void> sendGroceries();
+    void setAddingGroceries(bool isAdding);
+    void sayOfGroceries(const QString& message);
 
     Services m_services;
     LibraryModel m_library;
@@ -172,6 +181,7 @@ private:
     QList<RecipePtr> m_deleted;
     bool m_isDeletionShown = false;
     QString m_message;
+    bool m_isAddingGroceries = false;
     QString m_groceryMessage;
 };
 

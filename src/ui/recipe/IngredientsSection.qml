@@ -65,6 +65,7 @@ Column {
     Item { width: 1; height: Theme.gap5; visible: section.model.canAddGroceries }
     PushButton {
         visible: section.model.canAddGroceries
+        enabled: !section.model.isAddingGroceries
         symbol: "checklist"
         text: qsTr("Add to Grocery List in Reminders")
         onClicked: section.model.addGroceries()

@@ -124,6 +124,7 @@ FocusScope {
         width: parent.width
         margin: page.isWide ? Theme.gap6 - 2 : Theme.gap4
         model: page.model
+        onGroceryFileRequested: groceryFile.open()
         onDeleteRequested: deletion.open()
     }
     Loader {
@@ -136,6 +137,7 @@ FocusScope {
             maximumHeight: page.height / 2
         }
     }
+    GroceryFileDialog { id: groceryFile; model: page.model }
     NotesSheetLoader { id: notes; objectName: "notesSheet"; model: page.model }
     Alert {
         id: deletion

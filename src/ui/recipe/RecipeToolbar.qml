@@ -8,6 +8,7 @@ Item {
     required property LibraryWindow model
     property int margin
 
+    signal groceryFileRequested()
     signal deleteRequested()
 
     height: back.height + Theme.gap4 * 2
@@ -49,6 +50,11 @@ Item {
                 visible: bar.model.recipe.hasPage
                 text: qsTr("Open Original Page"); symbol: "safari"
                 onTriggered: bar.model.openPage(bar.model.recipe.recipeId)
+            }
+            ActionItem {
+                visible: bar.model.recipe.hasIngredients
+                text: qsTr("Save Grocery List…"); symbol: "checklist"
+                onTriggered: bar.groceryFileRequested()
             }
             ActionItem {
                 text: qsTr("Delete Recipe"); symbol: "trash"; destructive: true

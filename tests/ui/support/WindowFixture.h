@@ -35,9 +35,11 @@ public:
 
     /// What an import gives; without one it fails.
     std::optional<RecipeDraft> imported;
-    /// While set, imports do not end.
+    /// While set, neither imports nor the task service come to an end.
     bool isHeld = false;
     QStringList requests;
+    /// What went to the grocery list.
+    QList<QStringList> groceries;
 
     ImportCoordinator importer{services()};
 
@@ -47,21 +49,32 @@ public:
             library.store(), importer, photoMaker, photos, draftPhotos, pasteboard, desktop, flags,
             appearance, DraftKeeper(library.path(QStringLiteral("kept.json"))), QLocale::c(), &timers,
             [this](QUuid recipe) { cooked.append(recipe); },
-            [](QStringList, QString) -> QCoro::Task<QString> { co_return QString(); }, true, true});
+            [this](QStringList lines, QString) { return addGroceries(lines); }, true, true});
     }
 
     void prepare(QQmlEngine& engine) { prepareViews(engine, photos, draftPhotos); }
 
 private:
+    QCoro::Task<void> release()
+    {
+        while (isHeld) {
+            QTimer pause;
+            pause.start(1);
+            co_await pause;
+        }
+    }
+    QCoro::Task<QString> addGroceries(QStringList lines)
+    {
+        groceries.append(lines);
+        co_await release();
+        co_return QStringLiteral("Added %1 items.").arg(lines.size());
+    }
+
     ImportCoordinator::Services services()
     {
         const auto answer = [this](QString request) -> QCoro::Task<RecipeDraft> {
             requests.append(request);
-            while (isHeld) {
-                QTimer pause;
-                pause.start(1);
-                co_await pause;
-            }
+            co_await release();
             if (!imported)
                 throw RecipeImportError::noRecipeFound();
             co_return *imported;
