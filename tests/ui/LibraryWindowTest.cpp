@@ -60,31 +60,8 @@ TEST_F(LibraryWindowTest, aCompletePageIsSavedAndOpenedAndOpensAgain)
     EXPECT_EQ(fixture.requests.size(), 1) << "what is there is opened without asking the network";
 }
 
-TEST_F(LibraryWindowTest, takesFilesLinksAndTextsThatAreLinks)
+TEST_F(LibraryWindowTest, takesPastedLinksAndPictures)
 {
-    struct Case
-    {
-        QList<QUrl> urls;
-        QString text;
-        QStringList requests;
-    };
-    const Case cases[]{
-        {{QUrl(u"https://a.example/1"_qs), QUrl(u"file:///tmp/a.pdf"_qs)},
-         {},
-         {u"https://a.example/1"_qs, u"/tmp/a.pdf"_qs}},
-        {{},
-         u"https://a.example/2\nhttp://a.example/3"_qs,
-         {u"https://a.example/2"_qs, u"http://a.example/3"_qs}},
-        {{}, u"a recipe for soup"_qs, {}},
-        {{QUrl(u"javascript:alert(1)"_qs)}, {}, {}},
-    };
-    for (const Case& c : cases) {
-        fixture.requests.clear();
-        EXPECT_EQ(window->drop(c.urls, c.text), !c.requests.isEmpty()) << qPrintable(c.text);
-        QTest::qWait(1);
-        EXPECT_EQ(fixture.requests, c.requests);
-    }
-    fixture.requests.clear();
     fixture.pasteboard.setText(u" https://a.example/4\n"_qs);
     EXPECT_TRUE(window->paste());
     fixture.pasteboard.setText(u"butter"_qs);

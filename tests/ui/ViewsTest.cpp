@@ -1,107 +1,8 @@
-#include "ui/support/SampleLibrary.h"
-#include "ui/support/WindowFixture.h"
-
-#include <QtCore/QElapsedTimer>
-#include <QtGui/QAccessible>
-#include <QtGui/QGuiApplication>
-#include <QtQml/QQmlComponent>
-#include <QtQuick/QQuickItem>
-#include <QtQuick/QQuickWindow>
-#include <QtTest/QTest>
-#include <gtest/gtest.h>
+#include "ui/support/ViewsTest.h"
 
 using namespace ovrin;
 
 namespace {
-
-QStringList* warnings = nullptr;
-
-void collect(QtMsgType type, const QMessageLogContext&, const QString& text)
-{
-    if (warnings && type >= QtWarningMsg)
-        warnings->append(text);
-}
-
-/// The whole interface over a library; every QML warning fails the test.
-class ViewsTest : public testing::Test
-{
-protected:
-    void SetUp() override
-    {
-        warnings = &m_warnings;
-        m_previous = qInstallMessageHandler(collect);
-        fixture.flags.setFlag(u"didSeedSampleRecipes"_qs, true);
-        fixture.appearance.setMotionReduced(true);
-    }
-    void TearDown() override
-    {
-        root.reset();
-        qInstallMessageHandler(m_previous);
-        warnings = nullptr;
-        // Offscreen has no fonts to choose from in some places and says so.
-        m_warnings.removeIf([](const QString& text) { return text.contains(u"QFont"_qs); });
-        EXPECT_TRUE(m_warnings.isEmpty()) << qPrintable(m_warnings.join(u'\n'));
-    }
-
-    void open(int width = 1180, int height = 820)
-    {
-        model = fixture.makeWindow();
-        engine = std::make_unique<QQmlEngine>();
-        fixture.prepare(*engine);
-        QQmlComponent component(engine.get(), mainWindowUrl());
-        ASSERT_TRUE(component.isReady()) << qPrintable(component.errorString());
-        root.reset(component.createWithInitialProperties({{u"model"_qs, QVariant::fromValue(model.get())}}));
-        window = qobject_cast<QQuickWindow*>(root.get());
-        ASSERT_TRUE(window);
-        window->resize(width, height);
-        window->show();
-        window->requestActivate();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(window));
-    }
-    void openFirst()
-    {
-        model->openRecipe(model->library()->index(0).data(LibraryModel::RecipeIdRole).toString());
-    }
-    QQuickItem* item(const QString& name) { return window->findChild<QQuickItem*>(name); }
-    QList<QQuickItem*> items(const QString& name)
-    {
-        // Delegates are children in the scene, not in the tree of objects.
-        QList<QQuickItem*> found;
-        QList<QQuickItem*> queue{window->contentItem()};
-        while (!queue.isEmpty()) {
-            QQuickItem* const next = queue.takeFirst();
-            if (next->objectName() == name)
-                found.append(next);
-            queue.append(next->childItems());
-        }
-        std::sort(found.begin(), found.end(), [](QQuickItem* a, QQuickItem* b) {
-            return a->mapToScene(QPointF()).y() < b->mapToScene(QPointF()).y();
-        });
-        return found;
-    }
-    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
-    {
-        QTest::keyClick(window, key, modifiers);
-        QCoreApplication::processEvents();
-    }
-    void type(const QString& text)
-    {
-        for (const QChar c : text)
-            QTest::keyClick(window, c.toLatin1());
-        QCoreApplication::processEvents();
-    }
-    QQuickItem* focused() { return window->activeFocusItem(); }
-
-    WindowFixture fixture;
-    std::unique_ptr<LibraryWindow> model;
-    std::unique_ptr<QQmlEngine> engine;
-    std::unique_ptr<QObject> root;
-    QQuickWindow* window = nullptr;
-
-private:
-    QStringList m_warnings;
-    QtMessageHandler m_previous = nullptr;
-};
 
 TEST_F(ViewsTest, everyPageAndSheetOpensWithoutAWarning)
 {
@@ -224,18 +125,6 @@ TEST_F(ViewsTest, tabGoesThroughTheWindowInOrder)
     EXPECT_EQ(focused()->property("text").toString(), u"All Recipes"_qs);
 }
 
-TEST_F(ViewsTest, theImportSheetTakesAnAddressAndReturn)
-{
-    fixture.imported = fullRecipe();
-    open();
-    key(Qt::Key_I, Qt::ControlModifier);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return focused() && focused()->objectName() == u"address"_qs; }));
-    type(u"example.com/soup"_qs);
-    key(Qt::Key_Return);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return model->recipe()->isShown(); }));
-    EXPECT_EQ(fixture.requests, QStringList({u"https://example.com/soup"_qs}));
-}
-
 TEST_F(ViewsTest, theEditorFollowsTheKeyboard)
 {
     fixture.library.add(fullRecipe());
@@ -281,28 +170,6 @@ TEST_F(ViewsTest, closingWithUnsavedWordsAsksFirst)
     QTest::qWait(20);
     EXPECT_TRUE(window->isVisible());
     EXPECT_TRUE(model->editor()->isOpen());
-}
-
-TEST_F(ViewsTest, everyControlHasANameARoleAndAPressAction)
-{
-    fill(fixture.library, 6);
-    open();
-    openFirst();
-    QTest::qWait(50);
-    QList<QQuickItem*> queue{window->contentItem()};
-    int controls = 0;
-    while (!queue.isEmpty()) {
-        QQuickItem* const next = queue.takeFirst();
-        queue.append(next->childItems());
-        if (!next->activeFocusOnTab() || !next->isVisible())
-            continue;
-        QAccessibleInterface* const accessible = QAccessible::queryAccessibleInterface(next);
-        ASSERT_TRUE(accessible) << next->metaObject()->className();
-        EXPECT_FALSE(accessible->text(QAccessible::Name).isEmpty()) << next->metaObject()->className();
-        EXPECT_NE(accessible->role(), QAccessible::NoRole) << next->metaObject()->className();
-        ++controls;
-    }
-    EXPECT_GT(controls, 12);
 }
 
 } // namespace

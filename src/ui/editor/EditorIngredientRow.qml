@@ -52,11 +52,9 @@ Item {
             onCentroidChanged: {
                 if (!active)
                     return
-                const y = handle.mapToItem(row, 0, centroid.position.y).y
-                if (y < -row.height / 2)
-                    row.move(row.index - 1)
-                else if (y > row.height * 1.5)
-                    row.move(row.index + 1)
+                // By the place in the column, which is the same before and after the rows have moved aside.
+                const y = handle.mapToItem(row.parent, 0, centroid.position.y).y
+                row.move(Math.max(0, Math.min(row.rowCount - 1, Math.floor(y / row.height))))
             }
         }
     }

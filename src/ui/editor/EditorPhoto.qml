@@ -15,6 +15,7 @@ Item {
 
     Rectangle {
         id: frame
+        objectName: "editorPhoto"
         width: Math.round(150 * Math.min(Theme.textScale, 1.3))
         height: Math.round(width * 3 / 4)
         radius: Theme.radiusCard
@@ -95,10 +96,10 @@ Item {
     DropArea {
         id: drops
         anchors.fill: parent
-        onEntered: drag => drag.accepted = drag.hasUrls
+        onEntered: drag => drag.accepted = drag.urls.length > 0
         onDropped: drop => {
-            if (drop.urls.length > 0)
-                root.editor.choosePhoto(drop.urls[0])
+            drop.accept()
+            root.editor.choosePhoto(drop.urls[0])
         }
     }
     Loader {
