@@ -19,13 +19,28 @@ namespace ovrin {
 namespace {
 /// More than anyone opens on purpose: a folder opened by mistake must not start a thousand imports.
 constexpr qsizetype mostOpened = 50;
+
+QCoro::Task<ImportCoordinator::Document> forReview(QCoro::Task<DocumentRecipeImporter::Imported> import)
+{
+    const DocumentRecipeImporter::Imported imported = co_await import;
+    ImportCoordinator::Document document{imported.draft, {}};
+    if (imported.hasMoreRecipes)
+        document.notice = DocumentRecipeImporter::severalRecipesNotice();
+    co_return document;
+}
+
 } // namespace
 
 OvrinApp::Folders OvrinApp::Folders::usual(const QString& library)
 {
-    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    return {QCoreApplication::applicationDirPath(),
-            library.isEmpty() ? data + QStringLiteral("/ovrin") : library, inboxFolder()};
+    return {QCoreApplication::applicationDirPath(), libraryFolder(library), inboxFolder()};
+}
+
+QString OvrinApp::libraryFolder(const QString& wanted)
+{
+    return wanted.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+                                  QStringLiteral("/ovrin")
+                            : wanted;
 }
 
 OvrinApp::OvrinApp(std::unique_ptr<RecipeStore> store, const Folders& folders)
@@ -52,7 +67,9 @@ OvrinApp::OvrinApp(std::unique_ptr<RecipeStore> store, const Folders& folders)
     });
     connect(&m_timers, &CookTimers::recipeWanted, this, [this](const CookTimers::Running& timer) {
         m_model.openRecipe(timer.recipeId.toString(QUuid::WithoutBraces));
+        bringForward({});
     });
+    connect(&m_engine, &QQmlEngine::quit, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
 }
 
 OvrinApp::~OvrinApp() = default;
@@ -64,10 +81,11 @@ ImportCoordinator::Services OvrinApp::importServices(const Folders& folders)
                 return m_pages.importer().fetchDraft(std::move(url), std::move(stop));
             },
             [this](QString path, std::stop_token stop) {
-                return m_files.draft(std::move(path), std::move(stop));
+                return forReview(m_files.import(std::move(path), std::move(stop)));
             },
             [this](QByteArray bytes, QString type, std::stop_token stop) {
-                return m_documents.importer().draft(std::move(bytes), std::move(type), std::move(stop));
+                return forReview(
+                    m_documents.importer().import(std::move(bytes), std::move(type), std::move(stop)));
             },
             m_pages.photos(),
             systemNow,

@@ -46,6 +46,9 @@ public:
         static Folders usual(const QString& library);
     };
 
+    /// The folder of the library; the usual one unless another is wanted.
+    static QString libraryFolder(const QString& wanted);
+
     /// `store` is open. Made once, on the main thread.
     OvrinApp(std::unique_ptr<RecipeStore> store, const Folders& folders);
     ~OvrinApp() override;

@@ -1,10 +1,12 @@
 #include "app/CommandLine.h"
 #include "app/OvrinApp.h"
+#include "app/StoreProblem.h"
 #include "platform/instance/HandOver.h"
 #include "platform/instance/LibraryName.h"
 #include "platform/instance/RunningInstance.h"
 
 #include <QtCore/QDir>
+#include <QtCore/QProcess>
 #include <QtCore/QTimer>
 #include <QtDBus/QDBusConnection>
 #include <QtGui/QFont>
@@ -38,21 +40,24 @@ HandOver handOverTo(const QString& library, StartRequest request)
     return result;
 }
 
-/// A later start is over before anything of a window is made.
+/// A later start is over before anything of a window is made. Without an application of its own: the end of
+/// one takes Qt Quick's accessibility along, for the one that comes after it as well.
 HandOver handOverEarly(int argc, char** argv)
 {
-    const QCoreApplication application(argc, argv);
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
     CommandLine line;
-    if (!line.isPlainStart(QCoreApplication::arguments()) || line.isService())
+    if (!line.isPlainStart(arguments) || line.isService())
         return HandOver::NobodyThere;
-    return handOverTo(libraryName(OvrinApp::Folders::usual(line.store()).library), line.request());
+    return handOverTo(libraryName(OvrinApp::libraryFolder(line.store())), line.request());
 }
 
 /// Whether this process is to show the library itself; otherwise another one does.
 bool takesLibrary(RunningInstance& instance, const CommandLine& line, bool isAnswered)
 {
-    const QString usual = OvrinApp::Folders::usual({}).library;
-    const QString library = OvrinApp::Folders::usual(line.store()).library;
+    const QString usual = OvrinApp::libraryFolder({});
+    const QString library = OvrinApp::libraryFolder(line.store());
     switch (instance.claim(library, libraryName(library) == libraryName(usual))) {
     case RunningInstance::Claim::Taken:
         return true;
@@ -95,7 +100,11 @@ int main(int argc, char** argv)
     RecipeStore::Opened opened = RecipeStore::open(std::move(options));
     if (!opened.store) {
         std::fprintf(stderr, "Couldn't open the recipe library: %s\n", qPrintable(opened.error));
-        return 1;
+        const auto other = askForAnotherLibrary(folders.library, opened.error);
+        // A start of its own, so that what holds for one library holds for the other.
+        const bool isStarted = other && QProcess::startDetached(QCoreApplication::applicationFilePath(),
+                                                                {QStringLiteral("--store"), *other});
+        return isStarted ? 0 : 1;
     }
     OvrinApp app(std::move(opened.store), folders);
     if (!opened.notice.isEmpty())

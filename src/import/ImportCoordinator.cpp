@@ -218,12 +218,12 @@ void ImportCoordinator::accept(const RecipeDraft& draft, const std::function<voi
 }
 
 QCoro::Task<void> ImportCoordinator::finishDocument(const Activity& activity,
-                                                    QCoro::Task<RecipeDraft>& import)
+                                                    QCoro::Task<Document>& import)
 {
-    RecipeDraft draft;
+    Document document;
     std::exception_ptr error;
     try {
-        draft = co_await import;
+        document = co_await import;
     } catch (...) {
         error = std::current_exception();
     }
@@ -232,7 +232,7 @@ QCoro::Task<void> ImportCoordinator::finishDocument(const Activity& activity,
     if (error)
         fail(error, {});
     else
-        review(draft, fileNotice());
+        review(document.draft, document.notice.isEmpty() ? fileNotice() : document.notice);
 }
 
 QCoro::Task<void> ImportCoordinator::importDocument(QString path)

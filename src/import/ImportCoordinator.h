@@ -37,14 +37,22 @@ public:
         std::optional<QUrl> address;
     };
 
+    /// What reading a document gave.
+    struct Document
+    {
+        RecipeDraft draft;
+        /// What the review is to say of it; when empty, fileNotice().
+        QString notice;
+    };
+
     /// What it needs of the rest of the program. Importers fail by throwing what importErrorDescription()
     /// knows.
     struct Services
     {
         RecipeStore& store;
         std::function<QCoro::Task<RecipeDraft>(QUrl, std::stop_token)> importPage;
-        std::function<QCoro::Task<RecipeDraft>(QString path, std::stop_token)> importFile;
-        std::function<QCoro::Task<RecipeDraft>(QByteArray, QString mimeType, std::stop_token)> importImage;
+        std::function<QCoro::Task<Document>(QString path, std::stop_token)> importFile;
+        std::function<QCoro::Task<Document>(QByteArray, QString mimeType, std::stop_token)> importImage;
         PhotoMaker& photos;
         Clock clock;
         /// The folder of drafts from companions; nothing when there is no such group.
@@ -116,7 +124,7 @@ private:
     void review(const RecipeDraft& draft, const QString& notice, const std::function<void()>& whenSafe = {});
     void showNextReview();
     void fail(const std::exception_ptr& error, const std::optional<QUrl>& address);
-    QCoro::Task<void> finishDocument(const Activity& activity, QCoro::Task<RecipeDraft>& import);
+    QCoro::Task<void> finishDocument(const Activity& activity, QCoro::Task<Document>& import);
     /// Replaces foreign photo bytes by a photo made of them.
     static QCoro::Task<RecipeDraft> withSafePhoto(PhotoMaker& photos, RecipeDraft draft);
     QCoro::Task<void> takeFromInbox(QString file, Unreadable unreadable);

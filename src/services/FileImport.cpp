@@ -27,12 +27,14 @@ QByteArray read(const QString& path, qsizetype maximum)
     return bytes;
 }
 
-RecipeDraft draftOfText(const QByteArray& text)
+DocumentRecipeImporter::Imported importText(const QByteArray& text)
 {
-    RecipeDraft draft = RecipeTextParser::parse(TextLines::fromPlainText(QString::fromUtf8(text)));
+    const RecipeTextParser::Result result =
+        RecipeTextParser::parseFirst(TextLines::fromPlainText(QString::fromUtf8(text)));
+    const RecipeDraft& draft = result.draft;
     if (draft.title.isEmpty() && draft.ingredients.isEmpty() && draft.steps.isEmpty())
         throw RecipeImportError::noTextFound();
-    return draft;
+    return {draft, result.hasMoreRecipes};
 }
 
 } // namespace
@@ -43,18 +45,20 @@ FileImport::FileImport(PageImport& pages, DocumentImport& documents)
 {
 }
 
-QCoro::Task<RecipeDraft> FileImport::draft(QString path, std::stop_token stop)
+QCoro::Task<DocumentRecipeImporter::Imported> FileImport::import(QString path, std::stop_token stop)
 {
     const QMimeType type = QMimeDatabase().mimeTypeForFile(path, QMimeDatabase::MatchExtension);
     if (type.inherits(QStringLiteral("text/html")) ||
         type.inherits(QStringLiteral("application/xhtml+xml"))) {
         auto page = m_pages.savedPage(read(path, PageImport::maximumPageBytes), QUrl(), stop);
-        co_return co_await page;
+        DocumentRecipeImporter::Imported imported;
+        imported.draft = co_await page;
+        co_return imported;
     }
     // Not what merely inherits it: programs and tables are text as well.
     if (type.name() == QStringLiteral("text/plain") || type.name() == QStringLiteral("text/markdown"))
-        co_return draftOfText(read(path, maximumTextBytes));
-    co_return co_await m_documents.importer().draft(path, stop);
+        co_return importText(read(path, maximumTextBytes));
+    co_return co_await m_documents.importer().import(path, stop);
 }
 
 } // namespace ovrin

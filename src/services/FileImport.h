@@ -13,7 +13,7 @@ public:
     FileImport(PageImport& pages, DocumentImport& documents);
 
     /// Of a file on this machine, by its extension. Throws RecipeImportError and ImportCancelled.
-    QCoro::Task<RecipeDraft> draft(QString path, std::stop_token stop);
+    QCoro::Task<DocumentRecipeImporter::Imported> import(QString path, std::stop_token stop);
 
 private:
     PageImport& m_pages;

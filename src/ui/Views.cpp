@@ -13,11 +13,16 @@ void qml_register_types_Ovrin();
 
 namespace ovrin {
 
-void prepareViews(QQmlEngine& engine, RecipePhotos& photos, DraftPhotos& drafts)
+void prepareViews(QQmlEngine& engine)
 {
     qml_register_types_Ovrin();
     engine.addImportPath(QStringLiteral(":/"));
     engine.addImageProvider(QStringLiteral("symbol"), new SymbolProvider);
+}
+
+void prepareViews(QQmlEngine& engine, RecipePhotos& photos, DraftPhotos& drafts)
+{
+    prepareViews(engine);
     const auto bytes = [&photos, &drafts](const QString& key) {
         const QString rest = key.section(u'/', 1);
         return key.startsWith(QStringLiteral("draft/")) ? drafts.bytes(rest) : photos.bytes(rest);
@@ -28,6 +33,11 @@ void prepareViews(QQmlEngine& engine, RecipePhotos& photos, DraftPhotos& drafts)
 QUrl mainWindowUrl()
 {
     return QUrl(QStringLiteral("qrc:/Ovrin/library/MainWindow.qml"));
+}
+
+QUrl storeProblemUrl()
+{
+    return QUrl(QStringLiteral("qrc:/Ovrin/library/StoreProblem.qml"));
 }
 
 } // namespace ovrin

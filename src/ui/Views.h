@@ -14,8 +14,12 @@ class RecipePhotos;
 /// Gives `engine` all that the views ask it for: the module `Ovrin`, symbols and photos. The photos outlive
 /// it.
 void prepareViews(QQmlEngine& engine, RecipePhotos& photos, DraftPhotos& drafts);
+/// The same for views that show no photo.
+void prepareViews(QQmlEngine& engine);
 
 /// The library window's QML; its required property `model` is a LibraryWindow.
 QUrl mainWindowUrl();
+/// The window that takes its place when there is no library to show.
+QUrl storeProblemUrl();
 
 } // namespace ovrin

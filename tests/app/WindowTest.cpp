@@ -1,140 +1,24 @@
-#include "app/support/Desktop.h"
-#include "app/support/ScreenReader.h"
+#include "app/support/ProgramTest.h"
 #include "support/LocalServer.h"
-
-#include <QtCore/QDir>
-#include <QtTest/QTest>
-
-#include <gtest/gtest.h>
 
 using namespace ovrin;
 using namespace ovrin::testing;
 
 namespace {
 
-constexpr int patience = 30'000;
-
 /// Without steps: it comes for review.
 const char* const soup = R"(<html><head><title>Onion Soup</title><script type="application/ld+json">
 {"@context": "https://schema.org", "@type": "Recipe", "name": "Onion Soup", "recipeYield": "4 servings",
  "recipeIngredient": ["2 onions", "1 cup stock"]}</script></head><body></body></html>)";
 
-/// The program as it is installed, worked by a screen reader alone.
-class WindowTest : public ::testing::Test
+class WindowTest : public ProgramTest
 {
 protected:
     void SetUp() override
     {
-        ASSERT_TRUE(reader.isReady());
         start();
         ASSERT_TRUE(appears(u"Lemony Garlic Spaghetti"_qs));
     }
-    void TearDown() override
-    {
-        if (HasFailure())
-            std::fprintf(stderr, "%s\n%s\n", qPrintable(described(seen)), program.readAll().constData());
-        program.terminate();
-        program.waitForFinished();
-    }
-
-    void start(const QStringList& arguments = {})
-    {
-        program.setProgram(QStringLiteral(OVRIN_PROGRAM));
-        program.setArguments(arguments);
-        program.setProcessEnvironment(desktop.environment());
-        program.setProcessChannelMode(QProcess::MergedChannels);
-        program.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
-        program.start();
-        ASSERT_TRUE(program.waitForStarted());
-    }
-
-    /// Reads the screen until `isThere` finds what it looks for.
-    bool until(const std::function<bool()>& isThere)
-    {
-        return QTest::qWaitFor(
-            [&] {
-                seen = reader.everything();
-                return isThere();
-            },
-            patience);
-    }
-    bool isWithin(qsizetype node, const QString& container) const
-    {
-        for (; node >= 0; node = seen.at(node).parent)
-            if (seen.at(node).name == container)
-                return true;
-        return container.isEmpty();
-    }
-    /// What is showing under that name, or nothing. `container` is the name of something around it.
-    std::optional<Accessible> find(const QString& name, const QString& container = {}) const
-    {
-        for (qsizetype i = 0; i < seen.size(); ++i)
-            if (seen.at(i).name == name && isWithin(seen.at(i).parent, container))
-                return seen.at(i);
-        return std::nullopt;
-    }
-    bool appears(const QString& name, const QString& container = {})
-    {
-        return until([&] { return find(name, container).has_value(); });
-    }
-    bool disappears(const QString& name, const QString& container = {})
-    {
-        return until([&] { return !find(name, container); });
-    }
-    /// Presses what is called so, as soon as it is there and can be pressed.
-    bool press(const QString& name, const QString& container = {})
-    {
-        std::optional<Accessible> control;
-        return until([&] {
-                   for (qsizetype i = 0; i < seen.size() && !control; ++i)
-                       if (seen.at(i).name == name && seen.at(i).canBePressed() &&
-                           seen.at(i).is(Accessible::Enabled) && isWithin(seen.at(i).parent, container))
-                           control = seen.at(i);
-                   return control.has_value();
-               }) &&
-               reader.press(*control);
-    }
-    bool focuses(const QString& name)
-    {
-        return until([&] {
-            return std::any_of(seen.begin(), seen.end(), [&](const Accessible& node) {
-                return node.name == name && node.is(Accessible::Focused);
-            });
-        });
-    }
-    /// Strikes the key until that has the keyboard.
-    bool goesTo(const QString& name, const QString& key)
-    {
-        const auto focused = [&] {
-            const auto node = std::find_if(seen.rbegin(), seen.rend(), [](const Accessible& each) {
-                return each.is(Accessible::Focused);
-            });
-            return node == seen.rend() ? Accessible() : *node;
-        };
-        for (int strikes = 0; focused().name != name && strikes < 60; ++strikes) {
-            const QString before = focused().path;
-            if (!desktop.strike({key}) || !until([&] { return focused().path != before; }))
-                return false;
-        }
-        return focused().name == name;
-    }
-    bool write(const QString& field, const QString& text, const QString& container = {})
-    {
-        std::optional<Accessible> target;
-        return until([&] {
-                   for (qsizetype i = 0; i < seen.size() && !target; ++i)
-                       if (seen.at(i).name == field && seen.at(i).is(Accessible::Editable) &&
-                           isWithin(seen.at(i).parent, container))
-                           target = seen.at(i);
-                   return target.has_value();
-               }) &&
-               reader.write(*target, text);
-    }
-
-    Desktop desktop;
-    ScreenReader reader{desktop.sessionBus()};
-    QProcess program;
-    QList<Accessible> seen;
 };
 
 /// Each that can be reached says what it is and what it is for.

@@ -23,14 +23,14 @@ const char* const text =
 class FileImportTest : public testing::Test
 {
 protected:
-    Outcome<RecipeDraft> importOf(const QString& name, const QByteArray& bytes)
+    Outcome<DocumentRecipeImporter::Imported> importOf(const QString& name, const QByteArray& bytes)
     {
         QFile file(m_home.filePath(name));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
         file.close();
-        return finished(m_files.draft(file.fileName(), {}));
+        return finished(m_files.import(file.fileName(), {}));
     }
-    static QString message(const Outcome<RecipeDraft>& outcome)
+    static QString message(const Outcome<DocumentRecipeImporter::Imported>& outcome)
     {
         const auto error = outcome.failure<RecipeImportError>();
         return error ? error->errorDescription() : QString();
@@ -52,9 +52,9 @@ TEST_F(FileImportTest, ReadsSavedPagesAndTexts)
                                       {"soup.md", text}}) {
         const auto outcome = importOf(QString::fromUtf8(name), bytes);
         ASSERT_TRUE(outcome.value) << name << qPrintable(message(outcome));
-        EXPECT_EQ(outcome.value->title, QStringLiteral("Onion Soup")) << name;
-        EXPECT_EQ(outcome.value->ingredients.size(), 2) << name;
-        EXPECT_EQ(outcome.value->steps.size(), 1U) << name;
+        EXPECT_EQ(outcome.value->draft.title, QStringLiteral("Onion Soup")) << name;
+        EXPECT_EQ(outcome.value->draft.ingredients.size(), 2) << name;
+        EXPECT_EQ(outcome.value->draft.steps.size(), 1U) << name;
     }
 }
 

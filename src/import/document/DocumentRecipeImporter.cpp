@@ -117,15 +117,4 @@ DocumentRecipeImporter::import(QByteArray data, QString mimeType, std::stop_toke
     co_return imported;
 }
 
-QCoro::Task<RecipeDraft> DocumentRecipeImporter::draft(QString path, std::stop_token stop)
-{
-    co_return (co_await import(std::move(path), std::move(stop))).draft;
-}
-
-QCoro::Task<RecipeDraft> DocumentRecipeImporter::draft(QByteArray data, QString mimeType,
-                                                       std::stop_token stop)
-{
-    co_return (co_await import(std::move(data), std::move(mimeType), std::move(stop))).draft;
-}
-
 } // namespace ovrin

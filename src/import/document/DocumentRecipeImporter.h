@@ -27,10 +27,6 @@ public:
     /// Of a document's bytes.
     QCoro::Task<Imported> import(QByteArray data, QString mimeType, std::stop_token stop = {});
 
-    /// The draft alone.
-    QCoro::Task<RecipeDraft> draft(QString path, std::stop_token stop = {});
-    QCoro::Task<RecipeDraft> draft(QByteArray data, QString mimeType, std::stop_token stop = {});
-
     /// The lines that `import` works on.
     QCoro::Task<QList<TextLine>> lines(QString path, std::stop_token stop = {});
 

@@ -52,6 +52,7 @@ QQuickWindow* CookWindows::open(const QUuid& recipeId)
                 this, [this, recipeId] { m_windows.remove(recipeId); }, Qt::QueuedConnection);
     });
     opened->window->show();
+    opened->window->requestActivate();
     return opened->window.get();
 }
 

@@ -12,6 +12,7 @@ Item {
     signal fileRequested()
     signal searchRequested()
     signal shortcutsRequested()
+    signal closeRequested()
     signal quitRequested()
 
     Shortcut { enabled: commands.isFree; sequence: "Ctrl+N"; onActivated: commands.model.createRecipe() }
@@ -47,5 +48,6 @@ Item {
     Shortcut { enabled: commands.isFree; sequences: [StandardKey.Undo]; onActivated: commands.model.undoDelete() }
     Shortcut { enabled: commands.isFree; sequences: [StandardKey.Paste]; onActivated: commands.model.paste() }
     Shortcut { enabled: commands.isFree; sequences: ["Ctrl+?", "F1"]; onActivated: commands.shortcutsRequested() }
+    Shortcut { sequence: "Ctrl+W"; onActivated: commands.closeRequested() }
     Shortcut { sequence: "Ctrl+Q"; onActivated: commands.quitRequested() }
 }

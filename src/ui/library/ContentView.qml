@@ -11,6 +11,7 @@ FocusScope {
                                    && !shortcuts.isOpen && !page.hasSheet
     readonly property Item grid: grid
 
+    signal closeRequested()
     signal quitRequested()
 
     function askToDiscard(then) { editing.load().askToDiscard(then) }
@@ -109,6 +110,7 @@ FocusScope {
         onFileRequested: files.openForDocument()
         onSearchRequested: grid.search()
         onShortcutsRequested: shortcuts.open()
+        onCloseRequested: content.closeRequested()
         onQuitRequested: content.quitRequested()
     }
 }

@@ -32,6 +32,7 @@ Window {
         anchors.fill: parent
         model: window.model
         focus: true
-        onQuitRequested: window.close()
+        onCloseRequested: window.close()
+        onQuitRequested: hasUnsavedWords ? askToDiscard(Qt.quit) : Qt.quit()
     }
 }

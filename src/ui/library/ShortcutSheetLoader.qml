@@ -32,8 +32,9 @@ Item {
                             [qsTr("Start cooking"), qsTr("Ctrl+Return")], [qsTr("Back"), qsTr("Alt+Left")],
                             [qsTr("Delete the selected recipe"), qsTr("Delete")], [qsTr("Undo deleting"), qsTr("Ctrl+Z")],
                             [qsTr("Confirm a sheet"), qsTr("Ctrl+Return")], [qsTr("Move an ingredient"), qsTr("Alt+Up, Alt+Down")],
+                            [qsTr("Fill the screen, while cooking"), qsTr("F11")], [qsTr("Close the window"), qsTr("Ctrl+W")],
                             [qsTr("Quit"), qsTr("Ctrl+Q")]
-                        ].filter(row => (root.model.canCook || row[0] !== qsTr("Start cooking"))
+                        ].filter(row => (root.model.canCook || (row[0] !== qsTr("Start cooking") && row[1] !== qsTr("F11")))
                                        && (root.model.canImportFiles || row[0] !== qsTr("Import file")))
                         Item {
                             required property var modelData

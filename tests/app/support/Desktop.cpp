@@ -49,6 +49,12 @@ bool Desktop::strike(const QStringList& keys) const
     return keyboard(QStringList{QStringLiteral("key")} + keys);
 }
 
+bool Desktop::goTo(const QString& title) const
+{
+    return keyboard({QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--name"),
+                     title, QStringLiteral("windowfocus"), QStringLiteral("--sync")});
+}
+
 bool Desktop::type(const QString& text) const
 {
     return keyboard({QStringLiteral("type"), text});

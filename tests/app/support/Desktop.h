@@ -20,6 +20,8 @@ public:
     QString folder(const QString& name) const { return m_home.filePath(name); }
     /// Strikes keys as "ctrl+n", one after the other, for the window that has the keyboard.
     bool strike(const QStringList& keys) const;
+    /// Gives the keyboard to the window whose title matches.
+    bool goTo(const QString& title) const;
     bool type(const QString& text) const;
     /// What a program needs to run on it.
     QProcessEnvironment environment() const;

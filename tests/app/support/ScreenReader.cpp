@@ -130,10 +130,13 @@ QList<Accessible> ScreenReader::everything()
             node.role = asked[i].role.reply().arguments().value(0).toString();
             node.states = states(asked[i].states.reply());
             node.actions = actions(asked[i].actions.reply());
-            // What is hidden takes no place. What is only scrolled out of sight does, though its states are
-            // the same.
+            // What is hidden takes no place, a hidden window is not said to be showing. By its states alone,
+            // what is only scrolled out of sight is the same as what is hidden.
+            const bool isWindow = node.parent >= 0 && found.at(node.parent).parent < 0;
             if (node.parent >= 0 &&
-                !asked[i].interfaces.reply().arguments().value(0).toStringList().contains(component))
+                !(isWindow
+                      ? node.is(Accessible::Showing)
+                      : asked[i].interfaces.reply().arguments().value(0).toStringList().contains(component)))
                 continue;
             for (Accessible child : objects(asked[i].children.reply())) {
                 child.parent = found.size();
@@ -181,7 +184,9 @@ QString described(const QList<Accessible>& list)
             const Accessible& node = list.at(i);
             lines.append(QStringLiteral("%1%2 “%3” %4 %5")
                              .arg(QString(depth * 2, u' '), node.role, node.name, node.actions.join(u','),
-                                  node.is(Accessible::Focused) ? QStringLiteral("focused") : QString()));
+                                  node.is(Accessible::Focused)  ? QStringLiteral("focused")
+                                  : node.is(Accessible::Active) ? QStringLiteral("active")
+                                                                : QString()));
             describe(i, depth + 1);
         }
     };

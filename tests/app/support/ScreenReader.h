@@ -12,7 +12,15 @@ namespace ovrin::testing {
 struct Accessible
 {
     /// AT-SPI's numbers of the states that are asked for here.
-    enum State { Active = 1, Checked = 4, Editable = 7, Enabled = 8, Focusable = 11, Focused = 12 };
+    enum State {
+        Active = 1,
+        Checked = 4,
+        Editable = 7,
+        Enabled = 8,
+        Focusable = 11,
+        Focused = 12,
+        Showing = 25
+    };
 
     QString service;
     QString path;

@@ -62,8 +62,8 @@ protected:
         return std::make_unique<ImportCoordinator>(ImportCoordinator::Services{
             .store = *store,
             .importPage = [this](QUrl url, std::stop_token stop) { return importPage(url, stop); },
-            .importFile = [this](QString, std::stop_token stop) { return importPage({}, stop); },
-            .importImage = [this](QByteArray, QString, std::stop_token stop) { return importPage({}, stop); },
+            .importFile = [this](QString, std::stop_token stop) { return importDocument(stop); },
+            .importImage = [this](QByteArray, QString, std::stop_token stop) { return importDocument(stop); },
             .photos = photos,
             .clock = systemNow,
             .inbox = inboxPath(),
@@ -84,6 +84,13 @@ protected:
             std::rethrow_exception(error);
         RecipeDraft copy = answer; // what is returned is moved from
         co_return copy;
+    }
+
+    QCoro::Task<ImportCoordinator::Document> importDocument(std::stop_token stop)
+    {
+        const RecipeDraft draft = co_await importPage({}, stop);
+        ImportCoordinator::Document document{draft, notice};
+        co_return document;
     }
 
     void untilSaved()
@@ -127,6 +134,8 @@ protected:
     QList<std::shared_ptr<QPromise<void>>> pending;
     int finished = 0;
     RecipeDraft answer;
+    /// What comes with a document.
+    QString notice;
     std::exception_ptr error;
 };
 
@@ -184,6 +193,25 @@ TEST_F(ImportCoordinatorTest, ReportsAFailureWithItsAddressEachTime)
     EXPECT_EQ(coordinator->draftToReview()->sourceURL, address);
     EXPECT_EQ(coordinator->reviewNotice(),
               QStringLiteral("Type or paste the recipe, and it will be laid out like any other."));
+}
+
+TEST_F(ImportCoordinatorTest, HasEveryDocumentReviewedWithWhatIsToBeSaidOfIt)
+{
+    const auto coordinator = make();
+    answer = complete(QStringLiteral("Soup"));
+    coordinator->importDocument(QStringLiteral("/tmp/soup.pdf"));
+    EXPECT_EQ(coordinator->activity(), QStringLiteral("Reading soup.pdf…"));
+    answerAll();
+    ASSERT_TRUE(coordinator->draftToReview());
+    EXPECT_EQ(coordinator->reviewNotice(), ImportCoordinator::fileNotice());
+    coordinator->clearDraftToReview();
+
+    notice = QStringLiteral("This is the first of two.");
+    coordinator->importDocument("bytes", QStringLiteral("image/png"));
+    EXPECT_EQ(coordinator->activity(), QStringLiteral("Reading image…"));
+    answerAll();
+    EXPECT_EQ(coordinator->reviewNotice(), notice);
+    EXPECT_EQ(store->count(), 0);
 }
 
 TEST_F(ImportCoordinatorTest, LosesNoneOfSeveralDraftsNotEvenOverARestart)

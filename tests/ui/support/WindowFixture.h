@@ -79,10 +79,15 @@ private:
                 throw RecipeImportError::noRecipeFound();
             co_return *imported;
         };
+        const auto document = [answer](QString request) -> QCoro::Task<ImportCoordinator::Document> {
+            const RecipeDraft draft = co_await answer(request);
+            ImportCoordinator::Document read{draft, {}};
+            co_return read;
+        };
         return {library.store(),
                 [answer](QUrl url, std::stop_token) { return answer(url.toString()); },
-                [answer](QString path, std::stop_token) { return answer(path); },
-                [answer](QByteArray, QString type, std::stop_token) { return answer(type); },
+                [document](QString path, std::stop_token) { return document(path); },
+                [document](QByteArray, QString type, std::stop_token) { return document(type); },
                 photoMaker,
                 [this] { return library.store().now(); },
                 std::nullopt,

@@ -1,0 +1,64 @@
+#include "app/support/ProgramTest.h"
+#include "helpers/document/Pdfs.h"
+
+#include <QtCore/QFile>
+
+using namespace ovrin;
+using namespace ovrin::testing;
+
+namespace {
+
+using StartTest = ProgramTest;
+
+/// A page with two recipes.
+QByteArray sauces()
+{
+    using Pdfs::textAt;
+    return Pdfs::pages(
+        {textAt(60, 740, "Green Sauce", 28) + textAt(60, 700, "Ingredients", 16) +
+         textAt(60, 680, "1 bunch parsley") + textAt(60, 664, "2 eggs") + textAt(60, 630, "Method", 16) +
+         textAt(60, 610, "Chop the parsley and mix it with the eggs.") + textAt(60, 540, "Red Sauce", 28) +
+         textAt(60, 500, "Ingredients", 16) + textAt(60, 480, "4 tomatoes") + textAt(60, 464, "1 onion") +
+         textAt(60, 430, "Method", 16) + textAt(60, 410, "Cook it down slowly.")});
+}
+
+TEST_F(StartTest, aFileFromOutsideOpensTheLibraryWindowBesideACookWindow)
+{
+    start();
+    const auto isInFront = [this](const QString& window) {
+        return until([&] { return find(window).value_or(Accessible()).is(Accessible::Active); });
+    };
+    ASSERT_TRUE(press(u"Lemony Garlic Spaghetti"_qs) && press(u"Start Cooking"_qs));
+    ASSERT_TRUE(isInFront(u"Cook: Lemony Garlic Spaghetti"_qs));
+    ASSERT_TRUE(desktop.goTo(u"Spaghetti .* Ovrin"_qs) && isInFront(u"Lemony Garlic Spaghetti — Ovrin"_qs));
+    ASSERT_TRUE(desktop.strike({u"ctrl+w"_qs}) && disappears(u"Start Cooking"_qs));
+    ASSERT_TRUE(find(u"Next"_qs)) << "cooking goes on";
+
+    QFile file(desktop.folder(u"sauces.pdf"_qs));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(sauces()) > 0);
+    file.close();
+    EXPECT_EQ(startAgain({file.fileName()}), 0);
+    ASSERT_TRUE(appears(u"Review Import"_qs));
+    EXPECT_TRUE(find(u"This file holds several recipes, and this is the first one. Check the ingredients and "
+                     "steps, then save."_qs));
+    EXPECT_EQ(reader.text(find(u"Title"_qs, u"Review Import"_qs).value_or(Accessible())), u"Green Sauce"_qs);
+}
+
+TEST_F(StartTest, aLibraryThatCannotBeOpenedIsToldInAWindowAndLeftAlone)
+{
+    const QByteArray notes = "not a folder at all";
+    QFile file(desktop.folder(u"notes.txt"_qs));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(notes) == notes.size());
+    file.close();
+    start({u"--store"_qs, file.fileName()});
+    ASSERT_TRUE(appears(u"Couldn’t Open the Recipe Library"_qs));
+    EXPECT_TRUE(find(file.fileName())) << "where it was looked for";
+    EXPECT_TRUE(find(u"Choose Another Folder…"_qs));
+    ASSERT_TRUE(press(u"Quit"_qs) && program.waitForFinished(patience));
+    EXPECT_EQ(program.exitCode(), 1);
+    EXPECT_TRUE(program.readAll().contains("Couldn't open the recipe library: "));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), notes);
+}
+
+} // namespace
