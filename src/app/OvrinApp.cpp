@@ -1,6 +1,5 @@
 #include "app/OvrinApp.h"
 
-#include "app/Groceries.h"
 #include "app/WindowPlace.h"
 #include "platform/inhibit/DisplayAwake.h"
 #include "platform/instance/WindowActivation.h"
@@ -108,7 +107,9 @@ LibraryWindow::Services OvrinApp::windowServices()
             QLocale(),
             &m_timers,
             [this](QUuid recipe) { m_cookWindows.open(recipe); },
-            addToGroceries,
+            [this](QStringList lines, QString title) {
+                return m_groceries.add(std::move(lines), std::move(title));
+            },
             true,
             false};
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/Groceries.h"
 #include "cooking/CookTimers.h"
 #include "cooking/NotificationPresenter.h"
 #include "import/ImportCoordinator.h"
@@ -81,6 +82,7 @@ private:
     std::unique_ptr<UserNotificationCenter> m_notifications;
     CookTimers m_timers;
     DesktopChime m_chime;
+    Groceries m_groceries;
 
     QSettings m_settings;
     SettingsFlags m_flags{m_settings};

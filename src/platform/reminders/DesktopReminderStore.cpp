@@ -151,31 +151,34 @@ DesktopReminderStore::~DesktopReminderStore() = default;
 
 bool DesktopReminderStore::requestAccess()
 {
-    // The old one first: contexts are pushed and popped as a stack.
-    m_session.reset();
-    m_session = std::make_unique<Session>();
     const Deadline deadline(m_timeLimit);
     const TaskService service = findTaskService(deadline.cancellable());
-    if (service == TaskService::Denied)
-        return false;
     // A sandbox hides what it does not let through.
-    if (service == TaskService::Absent && QFile::exists(m_sandboxMark))
+    if (service == TaskService::Denied || (service == TaskService::Absent && QFile::exists(m_sandboxMark)))
         return false;
     if (service == TaskService::Absent)
         throw ReminderStoreError(
             tr("This desktop has no task lists. You can save the list as a file instead."));
+    if (m_session) {
+        // What other programs did to the lists meanwhile waits in the context to be heard.
+        while (g_main_context_iteration(m_session->context.context, FALSE)) {
+        }
+        return true;
+    }
+    auto session = std::make_unique<Session>();
     GFailure failure;
-    m_session->registry.reset(e_source_registry_new_sync(deadline.cancellable(), failure));
+    session->registry.reset(e_source_registry_new_sync(deadline.cancellable(), failure));
     if (failure.is(G_DBUS_ERROR, G_DBUS_ERROR_ACCESS_DENIED))
         return false;
-    if (!m_session->registry)
+    if (!session->registry)
         fail(failure);
+    m_session = std::move(session);
     return true;
 }
 
 DesktopReminderStore::Session& DesktopReminderStore::session()
 {
-    if (!m_session || !m_session->registry)
+    if (!m_session)
         throw ReminderStoreError(
             tr("The task lists could not be reached. Try again, or save the list as a file."));
     return *m_session;

@@ -9,7 +9,9 @@ namespace ovrin {
 
 /// The task lists of Evolution Data Server: what the desktop's own task applications show, and what CalDAV
 /// accounts sync. Each operation ends within the time limit, with an error when the service has not answered.
-/// Use it on one worker thread: made, called and destroyed there.
+/// Use it on one worker thread: made, called and destroyed there. One for the life of the process: the
+/// service's library shares its registry of accounts among all who ask for it, and hands an emptied one to
+/// who asks while the last user is letting it go.
 class DesktopReminderStore : public ReminderStore
 {
 public:
@@ -19,6 +21,7 @@ public:
                                   QString sandboxMark = QStringLiteral("/.flatpak-info"));
     ~DesktopReminderStore() override;
 
+    /// Has to come first, and comes again before each use: it also hears what has changed since.
     bool requestAccess() override;
     std::vector<List> lists() override;
     std::optional<Source> defaultSource() override;

@@ -2,13 +2,16 @@
 #include "platform/reminders/FaultyTaskService.h"
 #include "reminders/GroceryList.h"
 
+#include <QtCore/QDeadlineTimer>
 #include <QtCore/QDir>
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
 #include <QtDBus/QDBusConnection>
-#include <QtDBus/QDBusConnectionInterface>
+#include <QtDBus/QDBusMessage>
+#include <QtDBus/QDBusMetaType>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 
 using namespace ovrin;
@@ -100,12 +103,9 @@ TEST_F(TaskServiceTest, AddsFortyLinesToAListItMakesAndFindsAgain)
     QStringList items;
     for (int i = 0; i < 40; ++i)
         items << QStringLiteral("%1 cups of “crème”, <b>bold</b>; line").arg(i);
-    {
-        DesktopReminderStore store;
-        GroceryList::add(store, items, QStringLiteral("Crêpes, filled"));
-        GroceryList::add(store, {QStringLiteral("salt")}, {});
-    }
     DesktopReminderStore store;
+    GroceryList::add(store, items, QStringLiteral("Crêpes, filled"));
+    GroceryList::add(store, {QStringLiteral("salt")}, {});
     ASSERT_TRUE(store.requestAccess());
     QStringList lists;
     QString id;
@@ -123,6 +123,37 @@ TEST_F(TaskServiceTest, AddsFortyLinesToAListItMakesAndFindsAgain)
     EXPECT_EQ(QByteArray(tasks).replace("\r\n ", "").count("DESCRIPTION:Crêpes\\, filled"), 40);
     EXPECT_TRUE(
         QByteArray(tasks).replace("\r\n ", "").contains("SUMMARY:39 cups of “crème”\\, <b>bold</b>\\; line"));
+}
+
+TEST_F(TaskServiceTest, UsesTheListThatAnotherProgramMadeMeanwhile)
+{
+    startBus({QStringLiteral("--session")});
+    DesktopReminderStore store;
+    ASSERT_TRUE(store.requestAccess());
+    ASSERT_TRUE(store.defaultSource());
+    auto call = QDBusMessage::createMethodCall(
+        accountService, QStringLiteral("/org/gnome/evolution/dataserver/SourceManager"),
+        QStringLiteral("org.gnome.evolution.dataserver.SourceManager"), QStringLiteral("CreateSources"));
+    const QMap<QString, QString> list{
+        {QStringLiteral("made-elsewhere"),
+         QStringLiteral("[Data Source]\nDisplayName=groceries\nEnabled=true\n"
+                        "Parent=local-stub\n[Task List]\nBackendName=local\n")}};
+    call.setArguments({QVariant::fromValue(list)});
+    qDBusRegisterMetaType<QMap<QString, QString>>();
+    const QDBusMessage answer = QDBusConnection::sessionBus().call(call);
+    ASSERT_EQ(answer.type(), QDBusMessage::ReplyMessage) << qPrintable(answer.errorMessage());
+    const auto isKnown = [&] {
+        store.requestAccess();
+        const auto lists = store.lists();
+        return std::any_of(lists.begin(), lists.end(),
+                           [](const auto& each) { return each.id == QStringLiteral("made-elsewhere"); });
+    };
+    // The service tells of it; asking is a turn on the bus, in which that arrives.
+    const QDeadlineTimer patience(20'000);
+    while (!isKnown() && !patience.hasExpired()) {
+    }
+    EXPECT_EQ(added(store), "Added 1 items to your Groceries list.");
+    EXPECT_EQ(storedTasks(m_home.path(), QStringLiteral("made-elsewhere")).count("BEGIN:VTODO"), 1);
 }
 
 TEST_F(TaskServiceTest, SaysThatThereAreNoTaskListsAtOnce)
@@ -191,6 +222,7 @@ TEST_F(TaskServiceTest, TellsWhatBecameOfTheItemsWhenTheServiceFails)
 {
     startBusWith({accountService});
     FaultyTaskService service(QString::fromUtf8(m_address));
+    DesktopReminderStore store(10s);
     struct Row
     {
         FaultyTaskService::Behaviour behaviour;
@@ -208,7 +240,6 @@ TEST_F(TaskServiceTest, TellsWhatBecameOfTheItemsWhenTheServiceFails)
               2},
           Row{{Fault::Death, 5}, "Added 5 items to your Groceries list.", 5}}) {
         service.behave(row.behaviour);
-        DesktopReminderStore store(10s);
         EXPECT_EQ(added(store, 5), row.said);
         EXPECT_EQ(service.added(), row.added) << row.said;
     }
