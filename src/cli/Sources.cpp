@@ -4,8 +4,7 @@
 #include "import/document/RecipeTextParser.h"
 #include "import/error/RecipeImportError.h"
 #include "services/Awaited.h"
-#include "services/DocumentImport.h"
-#include "services/PageImport.h"
+#include "services/FileImport.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
@@ -82,6 +81,23 @@ Imported fromPage(RecipeDraft draft)
     return {.draft = std::move(draft), .needsReview = !isComplete};
 }
 
+/// What was recognized is always looked at.
+Imported recognized(const DocumentRecipeImporter::Imported& read, const Console& console)
+{
+    if (read.hasMoreRecipes)
+        console.complain(DocumentRecipeImporter::severalRecipesNotice());
+    return {.draft = read.draft, .needsReview = true};
+}
+
+Imported fromText(const QByteArray& text, const Console& console)
+{
+    try {
+        return recognized(FileImport::importText(text), console);
+    } catch (const RecipeImportError& error) {
+        throw Failure(error.errorDescription());
+    }
+}
+
 /// Whatever a program before us in a pipe, or a clipboard, may hold.
 Imported importInput(const SourceOptions& options, const Console& console)
 {
@@ -89,8 +105,6 @@ Imported importInput(const SourceOptions& options, const Console& console)
     QByteArray text = input.trimmed();
     if (text.startsWith("\xef\xbb\xbf"))
         text = text.mid(3).trimmed();
-    if (text.isEmpty())
-        throw Failure(RecipeImportError::noTextFound().errorDescription());
     if (text.startsWith('<'))
         return fromPage(draftOfPage(input, options));
     if (text.startsWith('{')) {
@@ -98,12 +112,14 @@ Imported importInput(const SourceOptions& options, const Console& console)
             return received(*std::move(draft));
         throw Failure(QStringLiteral("Standard input is not a recipe draft."));
     }
+    if (text.startsWith('['))
+        return {.draft = draftOfText(text), .needsReview = true};
     const QString line = QString::fromUtf8(text);
     if (line.contains(QLatin1String("://")) && !line.contains(QRegularExpression(QStringLiteral("\\s")))) {
         if (const auto address = webAddress(line))
             return fromPage(draftAt(*address, options));
     }
-    return {.draft = draftOfText(text), .needsReview = true};
+    return fromText(text, console);
 }
 
 } // namespace
@@ -132,11 +148,12 @@ Imported importSource(const QString& source, const SourceOptions& options, const
         throw Failure(QStringLiteral("“%1” is neither a file nor a web address.").arg(source));
     if (QFileInfo(source).suffix().toLower() == QLatin1String("json"))
         return received(readDraft(source, console));
+    PageImport pages(QCoreApplication::applicationDirPath());
     DocumentImport documents(QCoreApplication::applicationDirPath());
-    const auto read = imported(documents.importer().import(source));
-    if (read.hasMoreRecipes)
-        console.complain(DocumentRecipeImporter::severalRecipesNotice());
-    return {.draft = read.draft, .needsReview = true};
+    FileImport files(pages, documents);
+    const std::stop_token never;
+    const auto read = imported(files.import(source, never));
+    return recognized(read, console);
 }
 
 QList<TextLine> linesOf(const QString& path)

@@ -27,7 +27,15 @@ QByteArray read(const QString& path, qsizetype maximum)
     return bytes;
 }
 
-DocumentRecipeImporter::Imported importText(const QByteArray& text)
+} // namespace
+
+FileImport::FileImport(PageImport& pages, DocumentImport& documents)
+    : m_pages(pages)
+    , m_documents(documents)
+{
+}
+
+DocumentRecipeImporter::Imported FileImport::importText(const QByteArray& text)
 {
     const RecipeTextParser::Result result =
         RecipeTextParser::parseFirst(TextLines::fromPlainText(QString::fromUtf8(text)));
@@ -35,14 +43,6 @@ DocumentRecipeImporter::Imported importText(const QByteArray& text)
     if (draft.title.isEmpty() && draft.ingredients.isEmpty() && draft.steps.isEmpty())
         throw RecipeImportError::noTextFound();
     return {draft, result.hasMoreRecipes};
-}
-
-} // namespace
-
-FileImport::FileImport(PageImport& pages, DocumentImport& documents)
-    : m_pages(pages)
-    , m_documents(documents)
-{
 }
 
 QCoro::Task<DocumentRecipeImporter::Imported> FileImport::import(QString path, std::stop_token stop)

@@ -15,6 +15,9 @@ public:
     /// Of a file on this machine, by its extension. Throws RecipeImportError and ImportCancelled.
     QCoro::Task<DocumentRecipeImporter::Imported> import(QString path, std::stop_token stop);
 
+    /// What a plain text holds. Throws RecipeImportError when that is no recipe at all.
+    static DocumentRecipeImporter::Imported importText(const QByteArray& text);
+
 private:
     PageImport& m_pages;
     DocumentImport& m_documents;

@@ -207,7 +207,7 @@ TEST_F(CommandLineTest, TellsWrongUsageFromFailure)
           Row{"library list --filter old", 2}, Row{"library show", 2}, Row{"library show 12", 2},
           Row{"value --fast", 2}, Row{"draft a b", 2},
           Row{"library groceries 6D0B5C0E-0A0E-4A53-9B8E-5A1F3A1F7C11", 1}, Row{"draft missing.html", 1},
-          Row{"lines missing.pdf", 1}, Row{"draft ./README.md", 1}, Row{"library add missing.json", 1},
+          Row{"lines missing.pdf", 1}, Row{"draft ./run", 1}, Row{"library add missing.json", 1},
           Row{"--help", 0}, Row{"library list --help", 0}, Row{"--version", 0}}) {
         const Answer answer = run(QString::fromLatin1(arguments).split(u' ', Qt::SkipEmptyParts));
         EXPECT_EQ(answer.status, status) << arguments << answer.err.toStdString();

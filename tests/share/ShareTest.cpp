@@ -126,6 +126,11 @@ TEST_F(ShareTest, TakesFilesAsTheCommandLineDoes)
     EXPECT_EQ(share({left}).status, 0);
     ASSERT_EQ(inbox().size(), 2);
     EXPECT_EQ(inbox().at(0), inbox().at(1));
+
+    const QString notes =
+        write(QStringLiteral("notes.txt"), "Toast\n\nIngredients\n1 slice bread\n\nDirections\nToast it.\n");
+    EXPECT_EQ(share({notes}).status, 3);
+    EXPECT_EQ(inbox().value(2).ingredients, QStringList{QStringLiteral("1 slice bread")});
 }
 
 TEST_F(ShareTest, LeavesNothingBehindWhenItFails)
@@ -138,7 +143,8 @@ TEST_F(ShareTest, LeavesNothingBehindWhenItFails)
         int status;
         QString message;
     };
-    const QString text = write(QStringLiteral("notes.txt"), "Onion soup");
+    const QString text = write(QStringLiteral("empty.txt"), " \n");
+    const QString table = write(QStringLiteral("table.csv"), "onion,2\n");
     const QList<Row> rows = {
         {{server.url("/nowhere").toString(), QStringLiteral("--static")},
          {},
@@ -150,7 +156,8 @@ TEST_F(ShareTest, LeavesNothingBehindWhenItFails)
          R"({"title": 1})",
          1,
          QStringLiteral("Standard input is not a recipe draft.\n")},
-        {{text}, {}, 1, QStringLiteral("Ovrin can import recipes from web pages, PDFs and images.\n")},
+        {{table}, {}, 1, QStringLiteral("Ovrin can import recipes from web pages, PDFs and images.\n")},
+        {{text}, {}, 1, QStringLiteral("No text could be read from this file.\n")},
         {{QStringLiteral("nofile")},
          {},
          1,
