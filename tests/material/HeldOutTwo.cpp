@@ -439,12 +439,12 @@ void setEbook(Sheet& sheet, const Recipe& recipe, const Recipe*)
 
 } // namespace
 
-const QList<HeldOutPage>& heldOutTwo()
+const QList<SetPage>& heldOutTwo()
 {
     const QString serif = QStringLiteral("DejaVu Serif");
     const QString inter = QStringLiteral("Inter");
     const QSizeF letter{612, 792};
-    static const QList<HeldOutPage> all{
+    static const QList<SetPage> all{
         {QStringLiteral("amount-table"), {}, setAmountTable},
         {QStringLiteral("sidebar-right"), {.page = letter, .margin = 44, .family = inter}, setSidebarRight},
         {QStringLiteral("three-columns"),

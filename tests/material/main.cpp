@@ -1,3 +1,4 @@
+#include "material/BookPages.h"
 #include "material/HeldOutTwo.h"
 #include "material/Typesetter.h"
 
@@ -84,11 +85,14 @@ void set(const Named& one, const Recipe* next, const Target& target)
                   one.name + join + layout.name);
         }
     }
-    for (const HeldOutPage& page : heldOutTwo()) {
-        if (wanted(page.name)) {
-            Sheet sheet(page.style);
-            page.set(sheet, one.recipe, next);
-            write(sheet, target, QStringLiteral("held-out-two"), one.name + join + page.name);
+    for (const auto& [group, pages] : {std::pair(QStringLiteral("known"), &bookPages()),
+                                       {QStringLiteral("held-out-two"), &heldOutTwo()}}) {
+        for (const SetPage& page : *pages) {
+            if (wanted(page.name)) {
+                Sheet sheet(page.style);
+                page.set(sheet, one.recipe, next);
+                write(sheet, target, group, one.name + join + page.name);
+            }
         }
     }
 }

@@ -6,6 +6,7 @@
 #include "import/document/RecipeWords.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace ovrin {
 
@@ -67,6 +68,33 @@ IngredientSearch::IngredientSearch(const QList<TextLine>& lines)
         m_isStep.push_back(LineShape::looksLikeStep(line.text));
         m_likeness.push_back(likenessOf(line, m_isStep.back()));
     }
+    markNumberedSteps();
+}
+
+/// Bare numbers that count up in front of directions are no amounts, though they look it.
+void IngredientSearch::markNumberedSteps()
+{
+    std::vector<std::size_t> counted;
+    qsizetype steps = 0;
+    for (qsizetype i = 0; i < m_lines.size(); ++i) {
+        const auto number = LineShape::numbered(m_lines[i].text);
+        if (number && number->number == static_cast<int>(counted.size()) + 1 && number->rest.size() > 1) {
+            counted.push_back(static_cast<std::size_t>(i));
+            steps +=
+                LineShape::looksLikeStep(number->rest) || LineShape::startsWithVerb(number->rest) ? 1 : 0;
+        }
+    }
+    m_firstNumber = m_lines.size();
+    m_isNumbered.assign(m_isStep.size(), false);
+    if (steps < 2 || steps * 2 < static_cast<qsizetype>(counted.size())) {
+        return;
+    }
+    m_firstNumber = static_cast<qsizetype>(counted.front());
+    for (const std::size_t i : counted) {
+        m_isStep[i] = true;
+        m_isNumbered[i] = true;
+        m_likeness[i] = -1.5;
+    }
 }
 
 bool IngredientSearch::isCertain(qsizetype i) const
@@ -110,6 +138,11 @@ LineRange IngredientSearch::run(qsizetype first) const
             current = {i, i};
             score = 0;
         }
+        // No list goes on behind a numbered step.
+        if (m_isNumbered[static_cast<std::size_t>(i)]) {
+            score = 0;
+            continue;
+        }
         score += isLargeType(m_lines[i]) ? -2.5 : likeness(i);
         current.end = i + 1;
         if (score > bestScore) {
@@ -152,6 +185,22 @@ LineRange IngredientSearch::withoutIntroduction(LineRange run) const
         }
     }
     return {end, run.end};
+}
+
+qsizetype IngredientSearch::methodAbove(LineRange list) const
+{
+    if (std::any_of(m_isStep.begin() + static_cast<std::ptrdiff_t>(list.end), m_isStep.end(),
+                    std::identity())) {
+        return list.begin;
+    }
+    if (m_firstNumber < list.begin) {
+        return m_firstNumber;
+    }
+    qsizetype first = list.begin;
+    for (qsizetype i = list.begin - 1; i >= 0; --i) {
+        first = isStep(i) && LineShape::startsWithVerb(m_lines[i].text) ? i : first;
+    }
+    return first;
 }
 
 qsizetype IngredientSearch::listEnd() const
@@ -301,6 +350,40 @@ LineRange IngredientSearch::shortLinedBlock() const
     return {};
 }
 
+/// A column of short lines beside another one with the directions.
+LineRange IngredientSearch::shortLinedColumn() const
+{
+    constexpr qsizetype leastLines = 3;
+    const LineFlow flow(m_lines);
+    const auto begins = [&](qsizetype i) {
+        return i == m_lines.size() || m_lines[i].page != m_lines[i - 1].page || mayHaveJumped(m_lines, i);
+    };
+    for (qsizetype begin = 0; begin < m_lines.size();) {
+        qsizetype end = begin + 1;
+        while (!begins(end)) {
+            ++end;
+        }
+        qsizetype first = begin;
+        for (qsizetype i = begin; i < end; ++i) {
+            first = isLargeType(m_lines[i]) || RecipeFacts::isFact(m_lines[i].text) ? i + 1 : first;
+        }
+        qsizetype listed = 0;
+        for (qsizetype i = first; i < end; ++i) {
+            const bool endedEarly = i + 1 == end || flow.hadRoom(i + 1);
+            listed += endedEarly && !isStep(i) && !LineShape::startsWithVerb(m_lines[i].text) ? 1 : 0;
+        }
+        const bool isBeside = m_lines[begin].columnRight > 0 &&
+                              ((begin > 0 && m_lines[begin].page == m_lines[begin - 1].page) ||
+                               (end < m_lines.size() && m_lines[end].page == m_lines[end - 1].page));
+        if (isBeside && end - first >= leastLines && end - first < m_lines.size() &&
+            listed * 2 >= end - first) {
+            return {first, end};
+        }
+        begin = end;
+    }
+    return {};
+}
+
 /// The block of mostly short lines that ends right before line `end`; empty when it holds other text.
 LineRange IngredientSearch::blockAbove(qsizetype end) const
 {
@@ -335,6 +418,11 @@ LineRange IngredientSearch::list() const
     const LineRange found = run(0);
     if (!found.isEmpty()) {
         return widened(found, false);
+    }
+    const bool hasSteps = std::any_of(m_isStep.begin(), m_isStep.end(), std::identity());
+    const LineRange column = hasSteps ? shortLinedColumn() : LineRange();
+    if (!column.isEmpty()) {
+        return column;
     }
     const qsizetype step = firstNumberedStep(0);
     return step < m_lines.size() ? widened(blockAbove(step), true) : shortLinedBlock();

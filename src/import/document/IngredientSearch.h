@@ -33,6 +33,9 @@ public:
 
     /// Where, in a list that begins at `begin` and that no heading ends, the directions begin.
     qsizetype directionsBegin(qsizetype begin) const;
+    /// Where the method begins that stands in front of `list` and not behind it; `list.begin` when it does
+    /// not.
+    qsizetype methodAbove(LineRange list) const;
     /// Where a list under a heading is followed by running text of the page: a spanning introduction that
     /// stands higher than the list's end, but is read after its column.
     qsizetype listEnd() const;
@@ -41,6 +44,7 @@ public:
     qsizetype furtherRecipe(qsizetype begin) const;
 
 private:
+    void markNumberedSteps();
     bool isCertain(qsizetype i) const;
     bool isStep(qsizetype i) const { return m_isStep[static_cast<std::size_t>(i)]; }
     double likeness(qsizetype i) const { return m_likeness[static_cast<std::size_t>(i)]; }
@@ -51,6 +55,7 @@ private:
     LineRange widened(LineRange run, bool acrossBlocks) const;
     LineRange withoutIntroduction(LineRange run) const;
     LineRange shortLinedBlock() const;
+    LineRange shortLinedColumn() const;
     LineRange blockAbove(qsizetype end) const;
     qsizetype firstNumberedStep(qsizetype begin) const;
     qsizetype behindBullets(qsizetype begin) const;
@@ -59,6 +64,9 @@ private:
     const QList<TextLine>& m_lines;
     std::vector<double> m_likeness;
     std::vector<bool> m_isStep;
+    std::vector<bool> m_isNumbered;
+    /// The line with the number 1 of a numbered method; behind the lines where there is none.
+    qsizetype m_firstNumber = 0;
 };
 
 /// Whether the line stands out as a title does, in larger type than the text around it.

@@ -212,6 +212,7 @@ void LineFlow::judgeByGaps()
     qsizetype tightCount = 0;
     qsizetype wideCount = 0;
     qsizetype tightBehindFull = 0;
+    qsizetype tightEntries = 0;
     for (qsizetype i = 1; i < m_lines.size(); ++i) {
         if (!followsDown(i)) {
             continue;
@@ -219,12 +220,15 @@ void LineFlow::judgeByGaps()
         if (gap(i) < tight + sameGap) {
             ++tightCount;
             tightBehindFull += followsLongLine(i) ? 1 : 0;
+            const QString& text = m_lines[i].text;
+            tightEntries += LineShape::startsWithAmount(text) || LineShape::hasBullet(text) ? 1 : 0;
         } else {
             ++wideCount;
         }
     }
-    // Wrapped lines follow full ones. Where most tight lines do not, the wide spaces part groups of entries.
-    if (wideCount == 0 || !isMost(tightBehindFull, tightCount)) {
+    // Wrapped lines follow full ones. Where most tight lines do not, or begin as entries do, the wide spaces
+    // part groups of entries.
+    if (wideCount == 0 || tightEntries * 2 > tightCount || !isMost(tightBehindFull, tightCount)) {
         return;
     }
     for (qsizetype i = 1; i < m_lines.size(); ++i) {

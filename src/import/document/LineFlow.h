@@ -20,11 +20,13 @@ public:
 
     enum class Verdict { Begins, Continues, Unknown };
 
+    /// Whether it goes by places.
+    bool isPlaced() const { return m_letter > 0; }
+
     /// By indents and blank spaces, where the lines have a habit of them; the first line begins.
     Verdict verdict(qsizetype i) const { return m_verdicts[static_cast<std::size_t>(i)]; }
 
 private:
-    bool isPlaced() const { return m_letter > 0; }
     bool followsDown(qsizetype i) const;
     bool fits(qsizetype i, double columnRight) const;
     bool followsLongLine(qsizetype i) const;

@@ -69,9 +69,13 @@ public:
     {
         std::stable_sort(lines.begin(), lines.end(),
                          [](const TextLine& a, const TextLine& b) { return a.place.top() < b.place.top(); });
+        const qsizetype title = depth < deepest ? furtherTitle(lines) : 0;
+        if (title > 0) {
+            return ordered(lines.first(title), depth + 1) + ordered(lines.sliced(title), depth + 1);
+        }
         const Band band = depth < deepest ? bestBand(lines) : Band();
         if (band.weight == 0) {
-            lines = inRows(std::move(lines));
+            lines = withAmountsJoined(inRows(std::move(lines)));
             double right = 0;
             for (const TextLine& line : lines) {
                 right = std::max(right, line.place.right());
@@ -127,13 +131,21 @@ private:
         return lines;
     }
 
-    /// As `inRows`, the cells of a row put together.
-    QList<TextLine> rows(QList<TextLine> lines) const
+    /// Two times, or a time and a number of portions, are no amount with its name.
+    static bool isAmountAndName(const QString& a, const QString& b)
+    {
+        return (LineShape::isBareAmount(a) && !LineShape::startsWithAmount(b)) ||
+               (LineShape::isBareAmount(b) && !LineShape::startsWithAmount(a));
+    }
+
+    /// Lines in rows, those put together of which one is a mere amount and the other what it is an amount of.
+    QList<TextLine> withAmountsJoined(const QList<TextLine>& lines) const
     {
         QList<TextLine> result;
-        for (TextLine& line : inRows(std::move(lines))) {
+        for (const TextLine& line : lines) {
             if (!result.isEmpty() && sameRow(result.last(), line) &&
-                line.place.left() > result.last().place.right()) {
+                line.place.left() > result.last().place.right() &&
+                isAmountAndName(result.last().text, line.text)) {
                 result.last().text += u' ' + line.text;
                 result.last().place |= line.place;
             } else {
@@ -141,6 +153,35 @@ private:
             }
         }
         return result;
+    }
+
+    /// The rows of a table as one line each. Not one of them is the rest of another, so that each has room.
+    QList<TextLine> rows(QList<TextLine> lines) const
+    {
+        lines = withAmountsJoined(inRows(std::move(lines)));
+        for (qsizetype i = 0; i < lines.size(); ++i) {
+            lines[i].startsBlock = i == 0;
+            lines[i].columnRight = 2;
+        }
+        return lines;
+    }
+
+    /// The first line in large type that stands below all that is above it, apart from it: what follows is
+    /// about something else, whatever its columns. 0 where there is none.
+    qsizetype furtherTitle(const QList<TextLine>& lines) const
+    {
+        constexpr double titleType = 1.6;
+        constexpr qsizetype leastAbove = 4;
+        double bottom = 0;
+        for (qsizetype i = 0; i < lines.size(); ++i) {
+            const QRectF& place = lines[i].place;
+            if (i >= leastAbove && place.height() > titleType * m_height && i + 1 < lines.size() &&
+                place.top() - bottom > 0.5 * m_height && lines[i - 1].place.height() < titleType * m_height) {
+                return i;
+            }
+            bottom = std::max(bottom, place.bottom());
+        }
+        return 0;
     }
 
     /// Two columns of which one holds amounts, and nothing else, for the other's words.
@@ -205,6 +246,14 @@ private:
                 begin = i + 1;
             }
         }
+        // The last, short line of a text that spans both is not theirs either.
+        if (begin > 0 && begin + 1 < end && crosses(lines[begin - 1], x) &&
+            lines[begin].place.bottom() <= top &&
+            lines[begin].place.top() - lines[begin - 1].place.bottom() < 0.6 * m_height &&
+            std::abs(lines[begin].place.left() - lines[begin - 1].place.left()) < m_letter) {
+            ++begin;
+        }
+        end = withoutFoot(lines, x, begin, end);
         Band band{begin, end, 0, 0, 1};
         qsizetype beside = 0;
         qsizetype leftRows = 0;
@@ -235,6 +284,36 @@ private:
             beside += lines[i].place.bottom() > other && lines[i].place.top() < otherBottom ? 1 : 0;
         }
         return beside >= 4 ? band : Band();
+    }
+
+    /// The end of the band without a heading that stands below both columns and above more text that spans
+    /// them.
+    qsizetype withoutFoot(const QList<TextLine>& lines, double x, qsizetype begin, qsizetype end) const
+    {
+        constexpr qsizetype longestFoot = 4;
+        qsizetype foot = end;
+        bool footIsLarge = false;
+        double rightBottom = 0;
+        for (qsizetype i = begin; i < end; ++i) {
+            rightBottom =
+                lines[i].place.left() > x ? std::max(rightBottom, lines[i].place.bottom()) : rightBottom;
+        }
+        if (end == lines.size() || !crosses(lines[end], x)) {
+            return end;
+        }
+        for (qsizetype i = end - 1; i > begin && i + longestFoot >= end; --i) {
+            const QRectF& place = lines[i].place;
+            const bool apart = place.top() - lines[i - 1].place.bottom() > 0.5 * m_height;
+            const bool isLarge = place.height() > 1.12 * m_height;
+            if (place.top() <= rightBottom || place.right() > x) {
+                break;
+            }
+            if (isLarge || (apart && !footIsLarge)) {
+                foot = i;
+                footIsLarge = isLarge;
+            }
+        }
+        return foot;
     }
 
     template<typename Is>

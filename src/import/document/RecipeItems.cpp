@@ -143,16 +143,23 @@ public:
         qsizetype apart = 0;
         qsizetype lowerCase = 0;
         qsizetype words = 0;
-        for (const TextLine& line : lines) {
+        qsizetype rests = 0;
+        qsizetype lowerEntries = 0;
+        for (qsizetype i = 0; i < lines.size(); ++i) {
+            const TextLine& line = lines[i];
             const bool starting = LineShape::startsWithAmount(line.text) || LineShape::hasBullet(line.text);
             starts += starting ? 1 : 0;
             apart += starting && line.startsBlock ? 1 : 0;
             const bool isWord = !line.text.isEmpty() && line.text.front().isLetter();
             words += isWord ? 1 : 0;
             lowerCase += isWord && line.text.front().isLower() ? 1 : 0;
+            if (i > 0 && isWord && line.text.front().isLower()) {
+                ++(m_flow.hadRoom(i) ? lowerEntries : rests);
+            }
         }
         m_isSpaced = starts >= 3 && apart * 10 >= starts * 8;
-        m_isAmountList = starts * 10 >= lines.size() * 7;
+        m_isAmountList = starts * 10 >= (lines.size() - rests) * 7;
+        m_hasRests = rests >= 2 && rests > 2 * lowerEntries;
         m_isLowerCase = lowerCase * 2 > words;
         m_mayWrap = m_fullWidth > narrowestColumn && hasWrappedLines(lines);
     }
@@ -220,6 +227,11 @@ public:
         if (runsOn || (text.startsWith(u'(') && text.endsWith(u')'))) {
             return true;
         }
+        const bool isRest = m_isAmountList && !room && LineShape::startsWithAmount(previous);
+        if (isRest && (QStringView(u"(/&").contains(text.front()) ||
+                       (text.front().isLower() && m_flow.isPlaced() && m_hasRests))) {
+            return true;
+        }
         if (!m_mayWrap || isPantryItem(text) ||
             RecipeWords::amountWords().contains(text.section(u' ', 0, 0).toLower())) {
             return false;
@@ -262,6 +274,8 @@ private:
     bool m_isSpaced = false;
     bool m_isAmountList = false;
     bool m_isLowerCase = false;
+    /// More lines in lower case follow full lines, as rests do, than short ones.
+    bool m_hasRests = false;
     /// Some line is so much longer than the others, or so many begin with a word, that lines may be wrapped.
     bool m_mayWrap = false;
 };

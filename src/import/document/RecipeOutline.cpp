@@ -51,6 +51,13 @@ RecipeOutline withoutHeadings(const QList<TextLine>& lines)
         result.head = own;
         return result;
     }
+    const qsizetype method = search.methodAbove(list);
+    if (method < list.begin) {
+        result.head = own.first(method);
+        result.directions = own.sliced(method, list.begin - method);
+        result.ingredients = own.sliced(list.begin, list.size());
+        return result;
+    }
     const qsizetype split = search.directionsBegin(list.begin);
     result.head = own.first(list.begin);
     result.ingredients = own.sliced(list.begin, split - list.begin);
@@ -133,7 +140,11 @@ RecipeOutline outline(const QList<TextLine>& lines)
                            [&](const Section& s) { return s.kind == kind && !s.lines.isEmpty(); });
     };
     if (!has(HeadingKind::Ingredients) && !has(HeadingKind::Directions)) {
-        return withoutHeadings(lines);
+        QList<TextLine> own;
+        for (const Section& section : all) {
+            own += section.kind == HeadingKind::None ? section.lines : QList<TextLine>();
+        }
+        return withoutHeadings(own);
     }
     RecipeOutline result = firstRecipe(all);
     if (result.directions.isEmpty()) {

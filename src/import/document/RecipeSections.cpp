@@ -84,6 +84,7 @@ private:
         const bool runsOn = !line.startsBlock && !line.text.isEmpty() && line.text.front().isLower();
         const Heading heading = runsOn ? Heading() : headingOf(line.text);
         if (heading.kind == HeadingKind::None) {
+            m_amounts += LineShape::startsWithAmount(line.text) ? 1 : 0;
             if (jumps) {
                 m_current = continued(line);
             }
@@ -91,7 +92,7 @@ private:
             return;
         }
         // Above the recipe "Reviews" or "Video" is a button, not the heading of a section.
-        if (heading.kind == HeadingKind::Other && !m_recipeBegun) {
+        if (heading.kind == HeadingKind::Other && !m_recipeBegun && m_amounts < leastAmounts) {
             return;
         }
         m_recipeBegun = true;
@@ -150,6 +151,10 @@ private:
         return m_current;
     }
 
+    /// With so many lines that begin with an amount a recipe has begun, even without a heading.
+    static constexpr int leastAmounts = 3;
+
+    int m_amounts = 0;
     QList<Section> m_sections{Section()};
     QList<Column> m_columns{Column()};
     qsizetype m_current = 0;

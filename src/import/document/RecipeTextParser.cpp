@@ -47,6 +47,19 @@ void repairZeros(QList<TextLine>& lines)
     }
 }
 
+/// A large first letter stands apart from its word: "H eat the oven". A vowel may be a word of its own.
+void joinDropCaps(QList<TextLine>& lines)
+{
+    static const QRegularExpression letter =
+        pattern(QStringLiteral("^(?![AEIOUYÀÁÉÈÍÓÚÅÄÖØ])(\\p{Lu}) (?=\\p{Ll}{2})"));
+    constexpr qsizetype leastText = 24;
+    for (TextLine& line : lines) {
+        if (line.text.size() >= leastText && line.text[1] == u' ') {
+            line.text.replace(letter, QStringLiteral("\\1"));
+        }
+    }
+}
+
 /// Facts that stand inside a list rather than above it ("Serves 4" under the heading of the ingredients).
 /// Among directions only a label with a colon tells them from the words of a sentence.
 void takeFacts(QList<TextLine>& lines, RecipeDraft& draft, bool onlyLabelled)
@@ -73,6 +86,7 @@ RecipeTextParser::Result RecipeTextParser::parseFirst(const QList<TextLine>& lin
 {
     QList<TextLine> text = PageColumns::regrouped(PageFurniture::removed(lines));
     repairZeros(text);
+    joinDropCaps(text);
     RecipeOutline parts = outline(text);
     Result result;
     result.hasMoreRecipes = parts.hasMoreRecipes;

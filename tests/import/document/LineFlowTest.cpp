@@ -51,11 +51,11 @@ INSTANTIATE_TEST_SUITE_P(Lists, LineFlowOf, testing::Values(
         "Filling\n"
         "   Apples\n",
         "b????"},
-    FlowCase{"NamesBesideMissingAmounts",
+    FlowCase{"NamesWithoutAnAmountBesideIt",
         "1          bottle of lemon juice\n"
         "           Worcestershire sauce\n"
-        "           salt\n",
-        // The amounts' column is read first here; what counts is that no name is taken for the rest of one.
+        "           salt\n"
+        "Stir the juice into the sauce, and season it with salt before you serve\n",
         "b???"},
     FlowCase{"FirstLinesSetIn",
         "Cut the onion into small cubes and\n"
@@ -109,3 +109,59 @@ TEST(LineFlow, LetsAMethodGoOnInItsOwnColumnOnTheNextPage)
     ASSERT_EQ(draft.steps.size(), 3);
     EXPECT_EQ(draft.steps[1].paragraphs.join(u'/'), u"Boil the onion in water that is hot and salted.");
 }
+
+struct RecipePage
+{
+    const char* name;
+    const char* picture;
+    const char* ingredients;
+    const char* steps;
+};
+
+class RecipesWithoutHeadings : public testing::TestWithParam<RecipePage>
+{
+};
+
+TEST_P(RecipesWithoutHeadings, AreFoundByTheirPlaces)
+{
+    const RecipeDraft draft = RecipeTextParser::parse(pagePicture(GetParam().picture));
+    QStringList steps;
+    for (const RecipeStep& step : draft.steps) {
+        steps += step.paragraphs;
+    }
+    EXPECT_EQ(draft.ingredients.join(u'/').toStdString(), GetParam().ingredients);
+    EXPECT_EQ(steps.join(u'/').toStdString(), GetParam().steps);
+}
+
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Pages, RecipesWithoutHeadings, testing::Values(
+    RecipePage{"ListAtTheRightOfANumberedMethod",
+        "Soup\n"
+        "\n"
+        "1 Heat the oil in a large pot.                    2 carrots\n"
+        "2 Add the carrots and let them                    1 l stock\n"
+        "  simmer.                                         Oil\n"
+        "3 Pour in the stock. Serve.\n",
+        "2 carrots/1 l stock/Oil",
+        "Heat the oil in a large pot./Add the carrots and let them simmer./Pour in the stock. Serve."},
+    RecipePage{"ListWithoutAmountsInItsOwnColumn",
+        "Soup\n"
+        "\n"
+        "Carrots                  Heat the oil in a large pot until it shimmers.\n"
+        "Stock                    Add the carrots and let them simmer in the\n"
+        "Oil                      stock until they are soft.\n",
+        "Carrots/Stock/Oil",
+        "Heat the oil in a large pot until it shimmers. "
+        "Add the carrots and let them simmer in the stock until they are soft."},
+    RecipePage{"NamesAndAmountsAtEitherEdge",
+        "Soup\n"
+        "\n"
+        "carrots                      2\n"
+        "stock                        1 l\n"
+        "oil                          3 tbsp\n"
+        "\n"
+        "Heat the oil in a large pot until it shimmers. Add the carrots.\n",
+        "carrots 2/stock 1 l/oil 3 tbsp",
+        "Heat the oil in a large pot until it shimmers. Add the carrots."}),
+    [](const auto& drawn) { return std::string(drawn.param.name); });
+// clang-format on

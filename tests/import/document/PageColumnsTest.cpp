@@ -59,6 +59,16 @@ INSTANTIATE_TEST_SUITE_P(Pages, PageColumnsOf, testing::Values(
         "#1 onion/2 carrots/Salt/#Cut the onion into/small cubes./Boil everything./"
         "#For the dumplings, which are made on the day before/"
         "#200 g flour/1 egg/Milk/#Knead the dough./Let it rest./Form dumplings."},
+    PageCase{"OfAListAboveTheHeadingOfTheMethod",
+        "1 onion                      1 lemon\n"
+        "2 carrots                    Salt\n"
+        "3 leeks                      Pepper\n"
+        "4 eggs\n"
+        "\n"
+        "Method\n"
+        "Cut the onion, the carrots and the leeks into small cubes.\n",
+        "#1 onion/2 carrots/3 leeks/4 eggs/#1 lemon/Salt/Pepper/#Method/"
+        "Cut the onion, the carrots and the leeks into small cubes."},
     PageCase{"OfThree",
         "1 onion           2 eggs            Cut it all.\n"
         "2 carrots         Milk              Boil it.\n"
