@@ -12,6 +12,10 @@ void recipeText(QByteArrayView bytes);
 void readingOrder(QByteArrayView bytes);
 /// The body of the reader's answer to a document, and a frame's header before it.
 void documentAnswer(QByteArrayView bytes);
+/// What the reader receives as a request, and the application as the answer to a photo.
+void readerFrame(QByteArrayView bytes);
+/// The answers of a language model's server.
+void chatCompletion(QByteArrayView bytes);
 /// The language model's answer, held against its own first line.
 void generatedRecipe(QByteArrayView bytes);
 

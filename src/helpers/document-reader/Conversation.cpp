@@ -16,7 +16,8 @@ bool fill(QByteArray& bytes, int input)
 {
     for (qsizetype done = 0; done < bytes.size();) {
         const auto got = read(input, bytes.data() + done, static_cast<std::size_t>(bytes.size() - done));
-        if (got <= 0 && errno != EINTR) {
+        // At the end of the input `errno` is what it was before.
+        if (got == 0 || (got < 0 && errno != EINTR)) {
             return false;
         }
         done += std::max<ssize_t>(got, 0);
@@ -36,7 +37,12 @@ AnswerFunction load(const std::filesystem::path& module)
 
 } // namespace
 
-std::optional<reader::Frame> receivedRequest(int input)
+void restrictTo(const RequestType& type)
+{
+    sandbox::restrictResources(type.memoryBytes, type.time);
+}
+
+std::optional<reader::Frame> receivedRequest(int input, void (*restrict)(const RequestType&))
 {
     QByteArray bytes(reader::FrameHeader::size, Qt::Uninitialized);
     const auto header = fill(bytes, input) ? reader::FrameHeader::decoded(bytes) : std::nullopt;
@@ -44,7 +50,7 @@ std::optional<reader::Frame> receivedRequest(int input)
     if (type == nullptr || header->bodySize > type->maximumBody) {
         return std::nullopt;
     }
-    sandbox::restrictResources(type->memoryBytes, type->time);
+    restrict(*type);
     reader::Frame request{header->kind, QByteArray(header->bodySize, Qt::Uninitialized)};
     return fill(request.body, input) ? std::optional(std::move(request)) : std::nullopt;
 }

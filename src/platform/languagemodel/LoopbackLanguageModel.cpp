@@ -1,11 +1,9 @@
 #include "platform/languagemodel/LoopbackLanguageModel.h"
 
-#include "json/JsonDocument.h"
+#include "platform/languagemodel/ChatCompletion.h"
 
 #include <QCoro/QCoroSignal>
 
-#include <QtCore/QJsonArray>
-#include <QtCore/QJsonDocument>
 #include <QtCore/QTimer>
 #include <QtNetwork/QHostAddress>
 #include <QtNetwork/QNetworkProxy>
@@ -17,12 +15,11 @@ namespace ovrin {
 
 namespace {
 
-constexpr qint64 largestAnswer = 4LL * 1024 * 1024;
-
-/// The address on loopback that `url` means; nothing for any other. A name is never looked up: only
+/// The address on loopback that `text` means; nothing for any other. A name is never looked up: only
 /// "localhost" is one, and it means what it says.
-std::optional<QUrl> onLoopback(QUrl url)
+std::optional<QUrl> onLoopback(const QString& text)
 {
+    QUrl url(text.contains(u"://") ? text : QStringLiteral("http://") + text);
     if (url.host() == u"localhost") {
         url.setHost(QStringLiteral("127.0.0.1"));
     }
@@ -35,33 +32,6 @@ QUrl endpoint(QUrl server, const char16_t* path)
     server.setPath(QString::fromUtf16(path));
     server.setQuery(QString());
     return server;
-}
-
-QJsonObject message(const char16_t* role, const QString& content)
-{
-    return {{QStringLiteral("role"), QString::fromUtf16(role)}, {QStringLiteral("content"), content}};
-}
-
-QByteArray request(const QString& model, const QString& instructions, const QString& prompt,
-                   const QJsonObject& schema)
-{
-    const QString schemaText = QString::fromUtf8(QJsonDocument(schema).toJson(QJsonDocument::Compact));
-    const QJsonObject body{
-        {QStringLiteral("model"), model},
-        {QStringLiteral("stream"), false},
-        {QStringLiteral("messages"),
-         QJsonArray{
-             message(u"system", instructions),
-             message(u"system", QStringLiteral("Answer with JSON that fits this schema:\n") + schemaText),
-             message(u"user", prompt)}},
-        {QStringLiteral("response_format"),
-         QJsonObject{
-             {QStringLiteral("type"), QStringLiteral("json_schema")},
-             {QStringLiteral("json_schema"), QJsonObject{{QStringLiteral("name"), QStringLiteral("recipe")},
-                                                         {QStringLiteral("strict"), true},
-                                                         {QStringLiteral("schema"), schema}}}}},
-    };
-    return QJsonDocument(body).toJson(QJsonDocument::Compact);
 }
 
 } // namespace
@@ -87,10 +57,19 @@ LoopbackLanguageModel::LoopbackLanguageModel(const QString& address, Limits limi
                                                                   QStringLiteral("http://127.0.0.1:8080")}
                                                     : QStringList{address};
     for (const QString& server : addresses) {
-        if (const auto url = onLoopback(QUrl(server))) {
+        if (const auto url = onLoopback(server)) {
             m_servers.append(*url);
         }
     }
+}
+
+QString LoopbackLanguageModel::refusal(const QString& address)
+{
+    if (address.isEmpty() || onLoopback(address)) {
+        return {};
+    }
+    return QStringLiteral("The language model at “%1” is not asked, because it is not on this computer.")
+        .arg(address);
 }
 
 QCoro::Task<std::optional<QByteArray>> LoopbackLanguageModel::exchange(QUrl url, QByteArray body,
@@ -106,10 +85,10 @@ QCoro::Task<std::optional<QByteArray>> LoopbackLanguageModel::exchange(QUrl url,
     const std::unique_ptr<QNetworkReply> reply(body.isEmpty() ? m_network.get(request)
                                                               : m_network.post(request, body));
     // Once it is read, whatever more comes is not kept.
-    reply->setReadBufferSize(largestAnswer + 1);
+    reply->setReadBufferSize(ChatCompletion::largestAnswer + 1);
     QTimer::singleShot(time, reply.get(), &QNetworkReply::abort);
     QObject::connect(reply.get(), &QNetworkReply::readyRead, reply.get(), [answer = reply.get()] {
-        if (answer->bytesAvailable() > largestAnswer) {
+        if (answer->bytesAvailable() > ChatCompletion::largestAnswer) {
             answer->abort();
         }
     });
@@ -132,9 +111,8 @@ LoopbackLanguageModel::session(std::stop_token stop)
 {
     for (const QUrl& server : m_servers) {
         const auto answer = co_await exchange(endpoint(server, u"/v1/models"), {}, m_limits.greeting, stop);
-        const auto models = answer ? JsonDocument::parse(*answer, largestAnswer) : std::nullopt;
-        if (models && models->root()["data"].at(0)["id"].isString()) {
-            co_return Session{server, models->root()["data"].at(0)["id"].string()};
+        if (const auto model = answer ? ChatCompletion::firstModel(*answer) : std::nullopt) {
+            co_return Session{server, *model};
         }
     }
     co_return std::nullopt;
@@ -147,15 +125,10 @@ LoopbackLanguageModel::respond(QString instructions, QString prompt, QJsonObject
     if (!found || stop.stop_requested()) {
         co_return std::nullopt;
     }
-    const auto answer =
-        co_await exchange(endpoint(found->server, u"/v1/chat/completions"),
-                          request(found->model, instructions, prompt, schema), m_limits.answer, stop);
-    const auto completion = answer ? JsonDocument::parse(*answer, largestAnswer) : std::nullopt;
-    if (!completion) {
-        co_return std::nullopt;
-    }
-    const JsonValue content = completion->root()["choices"].at(0)["message"]["content"];
-    co_return content.isString() ? std::optional(content.string().toUtf8()) : std::nullopt;
+    const auto answer = co_await exchange(endpoint(found->server, u"/v1/chat/completions"),
+                                          ChatCompletion::request(found->model, instructions, prompt, schema),
+                                          m_limits.answer, stop);
+    co_return answer ? ChatCompletion::content(*answer) : std::nullopt;
 }
 
 } // namespace ovrin

@@ -25,13 +25,17 @@ public:
         std::chrono::milliseconds answer{90'000};
     };
 
-    /// `address` is the user's setting; empty means the usual ports. An address that is not on loopback is
-    /// not asked either.
+    /// `address` is the user's setting ("http://127.0.0.1:8080", "localhost:8080"); empty means the usual
+    /// ports. An address that is not on loopback is not asked, and no other one either.
     explicit LoopbackLanguageModel(const QString& address = {});
     LoopbackLanguageModel(const QString& address, Limits limits);
 
     QCoro::Task<std::optional<QByteArray>> respond(QString instructions, QString prompt, QJsonObject schema,
                                                    std::stop_token stop) override;
+
+    /// Why a server at `address` would not be asked, for a person; empty when it would, or when none is
+    /// named.
+    static QString refusal(const QString& address);
 
     /// The servers that are asked, in order.
     const QList<QUrl>& servers() const { return m_servers; }

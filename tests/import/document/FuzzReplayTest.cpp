@@ -10,10 +10,9 @@ using namespace ovrin;
 TEST(DocumentFuzzTargets, HoldOnTheirSeeds)
 {
     const std::pair<const char*, void (*)(QByteArrayView)> targets[] = {
-        {"recipeText", fuzz::recipeText},
-        {"readingOrder", fuzz::readingOrder},
-        {"documentAnswer", fuzz::documentAnswer},
-        {"generatedRecipe", fuzz::generatedRecipe},
+        {"recipeText", fuzz::recipeText},         {"readingOrder", fuzz::readingOrder},
+        {"documentAnswer", fuzz::documentAnswer}, {"readerFrame", fuzz::readerFrame},
+        {"chatCompletion", fuzz::chatCompletion}, {"generatedRecipe", fuzz::generatedRecipe},
     };
     for (const auto& [name, target] : targets) {
         QDirIterator files(QStringLiteral(OVRIN_SOURCE_DIR "/fuzz/import/seeds/") + QString::fromLatin1(name),

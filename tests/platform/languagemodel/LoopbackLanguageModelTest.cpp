@@ -112,10 +112,19 @@ TEST(LoopbackLanguageModel, AsksOnlyThisMachine)
 {
     for (const char* address :
          {"http://example.org:8080", "https://127.0.0.1:8080", "http://192.168.1.2:8080",
-          "http://localhost.example.org", "file:///etc/passwd", "nonsense"}) {
+          "http://localhost.example.org", "example.org:80", "http://127.0.0.1.example.org",
+          "http://127.0.0.1@example.org", "http://0.0.0.0:80", "file:///etc/passwd", "nonsense"}) {
         EXPECT_TRUE(LoopbackLanguageModel(text(address)).servers().isEmpty()) << address;
+        EXPECT_EQ(LoopbackLanguageModel::refusal(text(address)),
+                  text("The language model at “%1” is not asked, because it is not on this computer.")
+                      .arg(text(address)));
+    }
+    for (const char* address : {"", "http://127.0.0.1:8080", "localhost:8080", "http://[::1]:99"}) {
+        EXPECT_EQ(LoopbackLanguageModel::refusal(text(address)), QString()) << address;
     }
     EXPECT_EQ(LoopbackLanguageModel(text("http://localhost:99")).servers(),
+              QList<QUrl>{QUrl(text("http://127.0.0.1:99"))});
+    EXPECT_EQ(LoopbackLanguageModel(text("localhost:99")).servers(),
               QList<QUrl>{QUrl(text("http://127.0.0.1:99"))});
     EXPECT_EQ(LoopbackLanguageModel(text("http://[::1]:99")).servers().size(), 1);
     EXPECT_EQ(LoopbackLanguageModel().servers().size(), 2);
