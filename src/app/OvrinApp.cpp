@@ -19,12 +19,12 @@ namespace {
 /// More than anyone opens on purpose: a folder opened by mistake must not start a thousand imports.
 constexpr qsizetype mostOpened = 50;
 
-QCoro::Task<ImportCoordinator::Document> forReview(QCoro::Task<DocumentRecipeImporter::Imported> import)
+/// `refusal` is the importer's own: it may be gone when the import ends.
+QCoro::Task<ImportCoordinator::Document> forReview(QCoro::Task<DocumentRecipeImporter::Imported> import,
+                                                   QString refusal)
 {
     const DocumentRecipeImporter::Imported imported = co_await import;
-    ImportCoordinator::Document document{imported.draft, {}};
-    if (imported.hasMoreRecipes)
-        document.notice = DocumentRecipeImporter::severalRecipesNotice();
+    ImportCoordinator::Document document{imported.draft, DocumentImport::notice(imported, refusal)};
     co_return document;
 }
 
@@ -45,7 +45,7 @@ QString OvrinApp::libraryFolder(const QString& wanted)
 OvrinApp::OvrinApp(std::unique_ptr<RecipeStore> store, const Folders& folders)
     : m_store(std::move(store))
     , m_pages(folders.program)
-    , m_documents(folders.program)
+    , m_documents(folders.program, DocumentImport::languageModelIn(m_settings))
     , m_files(m_pages, m_documents)
     , m_importer(importServices(folders))
     , m_inbox(folders.inbox ? std::make_unique<InboxWatch>(*folders.inbox) : nullptr)
@@ -80,11 +80,14 @@ ImportCoordinator::Services OvrinApp::importServices(const Folders& folders)
                 return m_pages.importer().fetchDraft(std::move(url), std::move(stop));
             },
             [this](QString path, std::stop_token stop) {
-                return forReview(m_files.import(std::move(path), std::move(stop)));
+                const bool isDocument = DocumentRecipeImporter::supports(path);
+                return forReview(m_files.import(std::move(path), std::move(stop)),
+                                 isDocument ? m_documents.refusal() : QString());
             },
             [this](QByteArray bytes, QString type, std::stop_token stop) {
                 return forReview(
-                    m_documents.importer().import(std::move(bytes), std::move(type), std::move(stop)));
+                    m_documents.importer().import(std::move(bytes), std::move(type), std::move(stop)),
+                    m_documents.refusal());
             },
             m_pages.photos(),
             systemNow,

@@ -71,6 +71,7 @@ private:
     LibraryWindow::Services windowServices();
     void watchInbox(QWindow& window);
 
+    QSettings m_settings;
     std::unique_ptr<RecipeStore> m_store;
     PageImport m_pages;
     DocumentImport m_documents;
@@ -84,7 +85,6 @@ private:
     DesktopChime m_chime;
     Groceries m_groceries;
 
-    QSettings m_settings;
     SettingsFlags m_flags{m_settings};
     PortalAppearance m_appearance;
     QtPasteboard m_pasteboard;

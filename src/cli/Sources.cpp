@@ -82,10 +82,12 @@ Imported fromPage(RecipeDraft draft)
 }
 
 /// What was recognized is always looked at.
-Imported recognized(const DocumentRecipeImporter::Imported& read, const Console& console)
+Imported recognized(const DocumentRecipeImporter::Imported& read, const Console& console,
+                    const QString& modelRefusal = {})
 {
-    if (read.hasMoreRecipes)
-        console.complain(DocumentRecipeImporter::severalRecipesNotice());
+    const QString notice = DocumentImport::notice(read, modelRefusal);
+    if (!notice.isEmpty())
+        console.complain(notice);
     return {.draft = read.draft, .needsReview = true};
 }
 
@@ -149,11 +151,15 @@ Imported importSource(const QString& source, const SourceOptions& options, const
     if (QFileInfo(source).suffix().toLower() == QLatin1String("json"))
         return received(readDraft(source, console));
     PageImport pages(QCoreApplication::applicationDirPath());
-    DocumentImport documents(QCoreApplication::applicationDirPath());
+    // The window's settings hold here too.
+    const QSettings settings(QStringLiteral("ovrin"), QStringLiteral("ovrin"));
+    DocumentImport documents(QCoreApplication::applicationDirPath(),
+                             DocumentImport::languageModelIn(settings));
     FileImport files(pages, documents);
     const std::stop_token never;
     const auto read = imported(files.import(source, never));
-    return recognized(read, console);
+    const bool isDocument = DocumentRecipeImporter::supports(source);
+    return recognized(read, console, isDocument ? documents.refusal() : QString());
 }
 
 QList<TextLine> linesOf(const QString& path)

@@ -37,6 +37,9 @@ FileImport::FileImport(PageImport& pages, DocumentImport& documents)
 
 DocumentRecipeImporter::Imported FileImport::importText(const QByteArray& text)
 {
+    // Something else under a text's name.
+    if (text.startsWith("%PDF-") || text.contains('\0'))
+        throw RecipeImportError::damagedFile();
     const RecipeTextParser::Result result =
         RecipeTextParser::parseFirst(TextLines::fromPlainText(QString::fromUtf8(text)));
     const RecipeDraft& draft = result.draft;

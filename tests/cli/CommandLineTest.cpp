@@ -1,11 +1,14 @@
+#include "helpers/document/Pdfs.h"
 #include "support/LocalServer.h"
 #include "support/ProgramTest.h"
 
+#include <QtCore/QDir>
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <QtCore/QProcess>
 #include <QtCore/QRegularExpression>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 using namespace ovrin;
@@ -149,6 +152,35 @@ TEST_F(CommandLineTest, ImportsACompletePageOnceAndLeavesAnIncompleteOneForRevie
     EXPECT_EQ(missing.status, 1);
     EXPECT_EQ(missing.err, QStringLiteral("The site responded with an error (HTTP 404).\n"));
     EXPECT_EQ(run({QStringLiteral("library"), QStringLiteral("list")}).out.count(u'\n'), 1);
+}
+
+TEST_F(CommandLineTest, AsksTheLanguageModelOfTheSettingsAndNoneElsewhere)
+{
+    const QString document = write(QStringLiteral("tea.pdf"),
+                                   Pdfs::pages({Pdfs::textAt(60, 700, "A drink of hot water and leaves") +
+                                                Pdfs::textAt(60, 680, "water, one cup or so")}));
+    const auto drafted = [&](const QString& address) {
+        write(QStringLiteral("ovrin/ovrin.conf"), "[languageModel]\naddress=" + address.toUtf8() + '\n');
+        return run({QStringLiteral("draft"), document});
+    };
+    ASSERT_TRUE(QDir(home.path()).mkdir(QStringLiteral("ovrin")));
+    LocalServer server;
+    server.serve("/v1/models", R"({"data": [{"id": "small"}]})");
+    const QString recipe = QStringLiteral(
+        R"({"title": "Tea", "source": "", "author": "", "summary": "", "yield": "", "totalMinutes": 0,)"
+        R"( "ingredients": ["water, one cup"], "steps": [{"paragraphs": ["1. Boil."]}]})");
+    const QJsonObject message{{QStringLiteral("content"), recipe}};
+    const QJsonObject choice{{QStringLiteral("message"), message}};
+    server.serve("/v1/chat/completions",
+                 QJsonDocument(QJsonObject{{QStringLiteral("choices"), QJsonArray{choice}}}).toJson());
+    const Answer asked = drafted(server.url({}).toString());
+    EXPECT_THAT(asked.out.toStdString(), testing::HasSubstr(R"("title":"Tea")"));
+    EXPECT_EQ(asked.err, QString());
+    const Answer refused = drafted(QStringLiteral("http://models.example:8080"));
+    EXPECT_THAT(refused.err.toStdString(),
+                testing::HasSubstr("The language model at “http://models.example:8080” is not "
+                                   "asked, because it is not on this computer."));
+    EXPECT_THAT(refused.out.toStdString(), testing::Not(testing::HasSubstr("Tea\"")));
 }
 
 TEST_F(CommandLineTest, AnswersABatchInOrder)

@@ -64,6 +64,9 @@ TEST_F(FileImportTest, SaysWhyAFileIsNone)
               RecipeImportError::noTextFound().errorDescription());
     EXPECT_EQ(message(importOf(QStringLiteral("empty.html"), "<p>Nothing to cook.")),
               RecipeImportError::noRecipeFound().errorDescription());
+    for (const QByteArray& bytes : {QByteArray("%PDF-1.5 1 0 obj"), QByteArray("\x89PNG\0\0", 6)})
+        EXPECT_EQ(message(importOf(QStringLiteral("other.txt"), bytes)),
+                  RecipeImportError::damagedFile().errorDescription());
     EXPECT_EQ(message(importOf(QStringLiteral("log.txt"), QByteArray((1 << 20) + 1, 'x'))),
               RecipeImportError::tooLarge().errorDescription());
     for (const char* name : {"program.py", "table.csv", "letter.docx", "groceries.ics", "nothing"})

@@ -27,6 +27,7 @@ protected:
     {
         auto environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("XDG_DATA_HOME"), home.path());
+        environment.insert(QStringLiteral("XDG_CONFIG_HOME"), home.path());
         environment.insert(QStringLiteral("LC_ALL"), locale);
         environment.remove(QStringLiteral("DISPLAY"));
         return environment;
