@@ -20,7 +20,7 @@ WindowPlace::WindowPlace(QWindow& window, QSettings& settings, QString key)
     m_soon.setSingleShot(true);
     m_soon.setInterval(std::chrono::milliseconds(500));
     connect(&m_soon, &QTimer::timeout, this, &WindowPlace::store);
-    const auto changed = [this] { m_soon.start(); };
+    const auto changed = [this] { note(); };
     connect(&window, &QWindow::widthChanged, this, changed);
     connect(&window, &QWindow::heightChanged, this, changed);
     connect(&window, &QWindow::xChanged, this, changed);
@@ -48,13 +48,23 @@ void WindowPlace::restore()
         m_window.setWindowState(Qt::WindowMaximized);
 }
 
+void WindowPlace::note()
+{
+    // Now: a window that is closed before it is stored has no place any more.
+    const QWindow::Visibility visibility = m_window.visibility();
+    if (visibility != QWindow::Windowed && visibility != QWindow::Maximized)
+        return;
+    m_isMaximized = visibility == QWindow::Maximized;
+    if (!m_isMaximized)
+        m_place = m_window.geometry();
+    m_soon.start();
+}
+
 void WindowPlace::store()
 {
-    const QWindow::Visibility visibility = m_window.visibility();
-    if (visibility == QWindow::Windowed)
-        m_settings.setValue(m_key, m_window.geometry());
-    if (visibility == QWindow::Windowed || visibility == QWindow::Maximized)
-        m_settings.setValue(m_key + maximizedSuffix, visibility == QWindow::Maximized);
+    if (!m_place.isEmpty())
+        m_settings.setValue(m_key, m_place);
+    m_settings.setValue(m_key + maximizedSuffix, m_isMaximized);
 }
 
 } // namespace ovrin

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtCore/QObject>
+#include <QtCore/QRect>
 #include <QtCore/QTimer>
 
 QT_BEGIN_NAMESPACE
@@ -22,11 +23,14 @@ public:
 
 private:
     void restore();
+    void note();
     void store();
 
     QWindow& m_window;
     QSettings& m_settings;
     QString m_key;
+    QRect m_place;
+    bool m_isMaximized = false;
     QTimer m_soon;
 };
 

@@ -45,10 +45,10 @@ QStringList DraftFolder::files(Order order) const
 std::optional<RecipeDraft> DraftFolder::read(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly) || file.size() > maximumBytes)
         return std::nullopt;
-    const QByteArray bytes = file.read(maximumBytes + 1);
-    return bytes.size() > maximumBytes ? std::nullopt : RecipeDraft::fromJson(bytes);
+    // Not as much as a draft may have: Qt makes room for all that is asked for.
+    return RecipeDraft::fromJson(file.read(file.size()));
 }
 
 std::optional<QString> DraftFolder::add(const RecipeDraft& draft, Instant now) const

@@ -44,6 +44,35 @@ TEST_F(StartTest, aFileFromOutsideOpensTheLibraryWindowBesideACookWindow)
     EXPECT_EQ(reader.text(find(u"Title"_qs, u"Review Import"_qs).value_or(Accessible())), u"Green Sauce"_qs);
 }
 
+TEST_F(StartTest, theWindowComesBackInTheSizeInWhichItWasLeft)
+{
+    const QSize size(900, 640);
+    start();
+    ASSERT_TRUE(appears(u"Lemony Garlic Spaghetti"_qs) && desktop.resize(u"^Ovrin$"_qs, size));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return desktop.sizeOf(u"^Ovrin$"_qs) == size; }, patience));
+    ASSERT_TRUE(desktop.strike({u"ctrl+q"_qs}) && program.waitForFinished(patience));
+    EXPECT_EQ(program.exitCode(), 0) << program.readAll().constData();
+    start();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return desktop.sizeOf(u"^Ovrin$"_qs) == size; }, patience));
+}
+
+TEST_F(StartTest, whatIsBeingWrittenSurvivesTheProgramsDeath)
+{
+    start();
+    ASSERT_TRUE(press(u"Lemony Garlic Spaghetti"_qs) && press(u"Edit"_qs));
+    ASSERT_TRUE(write(u"Title"_qs, u"Lemony Spaghetti"_qs, u"Edit Recipe"_qs));
+    const QString kept = desktop.folder(u"data/ovrin/Unsaved.json"_qs);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return QFile::exists(kept); }, patience));
+    program.kill();
+    program.waitForFinished();
+    start();
+    ASSERT_TRUE(appears(u"Edit Recipe"_qs));
+    EXPECT_TRUE(find(u"Ovrin was closed before this was saved. Save it now, or cancel to drop it."_qs));
+    ASSERT_TRUE(press(u"Save"_qs, u"Edit Recipe"_qs) && appears(u"Lemony Spaghetti"_qs, u"Recipes"_qs));
+    EXPECT_FALSE(find(u"Lemony Garlic Spaghetti"_qs));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !QFile::exists(kept); }, patience));
+}
+
 TEST_F(StartTest, aLibraryThatCannotBeOpenedIsToldInAWindowAndLeftAlone)
 {
     const QByteArray notes = "not a folder at all";

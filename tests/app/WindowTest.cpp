@@ -90,6 +90,12 @@ TEST_F(WindowTest, everyPageAndSheetSaysWhatItIs)
 TEST_F(WindowTest, aRecipeIsImportedReadScaledEditedFoundDeletedAndBroughtBackByPressesAlone)
 {
     LocalServer server;
+    server.on("/slow", [](const LocalServer::Request&, QTcpSocket&) {});
+    ASSERT_TRUE(press(u"Add a recipe"_qs) && press(u"Import from Web…"_qs));
+    ASSERT_TRUE(write(u"Recipe Web Page"_qs, server.url("/slow").toString()) && press(u"Import"_qs));
+    ASSERT_TRUE(appears(u"Importing from 127.0.0.1…"_qs) && press(u"Cancel import"_qs));
+    ASSERT_TRUE(disappears(u"Importing from 127.0.0.1…"_qs));
+
     server.serve("/soup", soup, "200 OK", "Content-Type: text/html\r\n");
     ASSERT_TRUE(press(u"Add a recipe"_qs) && press(u"Import from Web…"_qs));
     ASSERT_TRUE(write(u"Recipe Web Page"_qs, server.url("/soup").toString()) && press(u"Import"_qs));

@@ -9,6 +9,16 @@
 
 namespace ovrin::testing {
 
+namespace {
+
+/// The beginning of a command about the window whose title matches.
+QStringList found(const QString& title)
+{
+    return {QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--name"), title};
+}
+
+} // namespace
+
 Desktop::Desktop()
 {
     QDir(m_home.path()).mkpath(QStringLiteral("run"));
@@ -36,28 +46,47 @@ Desktop::~Desktop()
     m_assistance.waitForFinished();
 }
 
-bool Desktop::keyboard(const QStringList& arguments) const
+bool Desktop::drive(const QStringList& arguments, QByteArray* answer) const
 {
     QProcess xdotool;
     xdotool.setProcessEnvironment(environment());
     xdotool.start(QStringLiteral("xdotool"), arguments);
-    return xdotool.waitForFinished() && xdotool.exitCode() == 0;
+    const bool isDone = xdotool.waitForFinished() && xdotool.exitCode() == 0;
+    if (answer)
+        *answer = xdotool.readAllStandardOutput();
+    return isDone;
 }
 
 bool Desktop::strike(const QStringList& keys) const
 {
-    return keyboard(QStringList{QStringLiteral("key")} + keys);
+    return drive(QStringList{QStringLiteral("key")} + keys);
 }
 
 bool Desktop::goTo(const QString& title) const
 {
-    return keyboard({QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--name"),
-                     title, QStringLiteral("windowfocus"), QStringLiteral("--sync")});
+    return drive(found(title) + QStringList{QStringLiteral("windowfocus"), QStringLiteral("--sync")});
+}
+
+bool Desktop::resize(const QString& title, QSize size) const
+{
+    return drive(found(title) + QStringList{QStringLiteral("windowsize"), QString::number(size.width()),
+                                            QString::number(size.height())});
+}
+
+QSize Desktop::sizeOf(const QString& title) const
+{
+    QByteArray answer;
+    drive(found(title) + QStringList{QStringLiteral("getwindowgeometry"), QStringLiteral("--shell")},
+          &answer);
+    const auto number = [&answer](const QByteArray& name) {
+        return answer.mid(answer.indexOf(name) + name.size()).split('\n').first().toInt();
+    };
+    return answer.isEmpty() ? QSize() : QSize(number("WIDTH="), number("HEIGHT="));
 }
 
 bool Desktop::type(const QString& text) const
 {
-    return keyboard({QStringLiteral("type"), text});
+    return drive({QStringLiteral("type"), text});
 }
 
 QProcessEnvironment Desktop::environment() const

@@ -4,6 +4,7 @@
 #include "support/dbus/PrivateBus.h"
 
 #include <QtCore/QProcess>
+#include <QtCore/QSize>
 #include <QtCore/QTemporaryDir>
 
 namespace ovrin::testing {
@@ -22,12 +23,16 @@ public:
     bool strike(const QStringList& keys) const;
     /// Gives the keyboard to the window whose title matches.
     bool goTo(const QString& title) const;
+    bool resize(const QString& title, QSize size) const;
+    /// What that window covers of the screen; nothing when it is not there.
+    QSize sizeOf(const QString& title) const;
     bool type(const QString& text) const;
     /// What a program needs to run on it.
     QProcessEnvironment environment() const;
 
 private:
-    bool keyboard(const QStringList& arguments) const;
+    /// Whether `xdotool` did that, and what it answered.
+    bool drive(const QStringList& arguments, QByteArray* answer = nullptr) const;
 
     QTemporaryDir m_home;
     test::VirtualDisplay m_display;
