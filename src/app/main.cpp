@@ -110,10 +110,9 @@ int main(int argc, char** argv)
     if (!opened.notice.isEmpty())
         app.say(opened.notice);
     QObject::connect(&instance, &RunningInstance::requested, &app, [&app](const StartRequest& request) {
-        if (app.hasWindow())
-            app.bringForward(request.token);
-        else if (!app.openWindow())
+        if (!app.hasWindow() && !app.openWindow())
             return QCoreApplication::exit(1);
+        app.bringForward(request.token);
         app.serve(request);
     });
     if (line.isService()) {

@@ -203,10 +203,10 @@ TEST_F(LibraryWindowTest, savesGroceriesAsTheyAreScaled)
     const QByteArray tasks = file.readAll();
     EXPECT_TRUE(tasks.contains("SUMMARY:2 onion")) << tasks.constData();
     EXPECT_EQ(tasks.count("BEGIN:VTODO"), window->recipe()->groceryLines().size());
-    EXPECT_EQ(window->groceryMessage(),
+    EXPECT_EQ(window->message(),
               u"Saved %1 items to “list.ics”."_qs.arg(window->recipe()->groceryLines().size()));
     window->saveGroceries(QUrl::fromLocalFile(fixture.library.path(u"no/where.ics"_qs)));
-    EXPECT_EQ(window->groceryMessage(), u"The grocery list couldn’t be saved to “where.ics”."_qs);
+    EXPECT_EQ(window->message(), u"The grocery list couldn’t be saved to “where.ics”."_qs);
 }
 
 TEST_F(LibraryWindowTest, opensWebPagesAlone)

@@ -348,8 +348,9 @@ void LibraryWindow::saveGroceries(const QUrl& file)
     const bool isSaved =
         TaskCalendar::save(path, lines, m_recipe.title(), toDateTime(m_services.store.now()));
     const QString name = QFileInfo(path).fileName();
-    sayOfGroceries(isSaved ? tr("Saved %1 items to “%2”.").arg(QString::number(lines.size()), name)
-                           : tr("The grocery list couldn’t be saved to “%1”.").arg(name));
+    // In passing, since the menu is reached where the ingredients are out of sight.
+    say(isSaved ? tr("Saved %1 items to “%2”.").arg(QString::number(lines.size()), name)
+                : tr("The grocery list couldn’t be saved to “%1”.").arg(name));
 }
 
 void LibraryWindow::copyRecipe()

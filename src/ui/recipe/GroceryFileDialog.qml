@@ -25,6 +25,7 @@ Item {
                 id: dialog
                 title: qsTr("Save Grocery List")
                 fileMode: FileDialog.SaveFile
+                acceptLabel: qsTr("Save")
                 defaultSuffix: "ics"
                 nameFilters: [qsTr("Task lists (%1)").arg("*.ics")]
                 onAccepted: root.model.saveGroceries(selectedFile)
