@@ -217,8 +217,7 @@ void ImportCoordinator::accept(const RecipeDraft& draft, const std::function<voi
     }
 }
 
-QCoro::Task<void> ImportCoordinator::finishDocument(const Activity& activity,
-                                                    QCoro::Task<Document>& import)
+QCoro::Task<void> ImportCoordinator::finishDocument(const Activity& activity, QCoro::Task<Document>& import)
 {
     Document document;
     std::exception_ptr error;
