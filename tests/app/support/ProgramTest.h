@@ -17,7 +17,7 @@ namespace ovrin::testing {
 class ProgramTest : public ::testing::Test
 {
 protected:
-    static constexpr int patience = 30'000;
+    static constexpr int patience = 60'000;
 
     void TearDown() override
     {
