@@ -40,6 +40,7 @@ AnswerFunction load(const std::filesystem::path& module)
 void restrictTo(const RequestType& type)
 {
     sandbox::restrictResources(type.memoryBytes, type.time);
+    sandbox::restrictWrittenMemory(type.writtenBytes);
 }
 
 std::optional<reader::Frame> receivedRequest(int input, void (*restrict)(const RequestType&))

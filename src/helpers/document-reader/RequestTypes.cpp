@@ -27,9 +27,10 @@ std::string documentModule(const QByteArray& /*body*/)
 }
 
 constexpr std::array types{
-    RequestType{reader::MessageKind::Photo, reader::maximumPhotoBytes, 1536 * mebibyte, 25s, photoModule},
-    RequestType{reader::MessageKind::Document, reader::maximumDocumentBytes, 512 * mebibyte, 20s,
-                documentModule},
+    RequestType{reader::MessageKind::Photo, reader::maximumPhotoBytes, 1536 * mebibyte, 1536 * mebibyte, 25s,
+                photoModule},
+    RequestType{reader::MessageKind::Document, reader::maximumDocumentBytes, 512 * mebibyte, 260 * mebibyte,
+                20s, documentModule},
 };
 
 } // namespace

@@ -15,8 +15,10 @@ struct RequestType
     reader::MessageKind kind;
     /// A larger request is not read.
     quint32 maximumBody;
-    /// Bytes of memory, and processor and wall time, until the process is ended.
+    /// Bytes of address space, those of them that may be written to, and processor and wall time, until the
+    /// process is ended.
     std::size_t memoryBytes;
+    std::size_t writtenBytes;
     std::chrono::seconds time;
     /// The module for a request with this body.
     std::string (*module)(const QByteArray& body);

@@ -15,7 +15,7 @@ struct Confinement
     /// Files, and folders with all below them, that can be opened for reading. Those that do not exist are
     /// skipped.
     std::vector<std::filesystem::path> readable;
-    /// Bytes of address space, and of memory that can be written to. Not set in builds with the address
+    /// Bytes of address space. Not set in builds with the address
     /// sanitizer, which reserves terabytes at start.
     std::size_t memoryBytes = 0;
     /// Processor time, and time on the wall, until the system ends the process.
@@ -30,5 +30,8 @@ std::vector<std::string> enter(const Confinement& confinement);
 std::string restrictFiles(const std::vector<std::filesystem::path>& readable);
 std::string restrictSystemCalls();
 std::string restrictResources(std::size_t memoryBytes, std::chrono::seconds time);
+/// The part of its memory that the process may write to, which is what it really takes: libraries and the
+/// stacks of threads fill address space, but hardly any memory.
+std::string restrictWrittenMemory(std::size_t bytes);
 
 } // namespace ovrin::sandbox
