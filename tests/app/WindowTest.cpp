@@ -69,6 +69,8 @@ TEST_F(WindowTest, everyPageAndSheetSaysWhatItIs)
     ASSERT_TRUE(disappears(u"Edit Recipe"_qs));
     ASSERT_TRUE(press(u"Start a timer: 9 minutes"_qs) && appears(u"Timers"_qs));
     expectNames(seen, "timers");
+    // The notifier would outlive the test by its nine minutes.
+    ASSERT_TRUE(press(u"Stop timer"_qs) && disappears(u"Timers"_qs));
 
     ASSERT_TRUE(press(u"Start Cooking"_qs) && appears(u"Next"_qs));
     expectNames(seen, "cook mode");
