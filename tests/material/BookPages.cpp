@@ -247,6 +247,74 @@ void setMagazine(Sheet& sheet, const Recipe& recipe, const Recipe*)
                        }}});
 }
 
+/// A whole recipe; only what `recorded` names is what a reader should find.
+void setWhole(Sheet& sheet, const Recipe& recipe, double titleSize, bool headed, bool recorded)
+{
+    const Words& words = wordsOf(recipe.language);
+    const auto record = [&](const char16_t* kind, const QString& text) {
+        if (recorded) {
+            sheet.record(kind, text);
+        }
+    };
+    record(u"title", recipe.title);
+    sheet.paragraph(recipe.title, {.size = titleSize, .bold = true, .after = 0.5});
+    if (!recipe.yield.isEmpty()) {
+        sheet.paragraph(words.serves.arg(recipe.yield), {.size = 9, .after = 0.6});
+    }
+    if (headed) {
+        sheet.paragraph(words.ingredients, {.size = 10.5, .bold = true, .after = 0.3});
+    }
+    for (const QString& entry : recipe.ingredients) {
+        record(u"ing", entry);
+        sheet.paragraph(entry, {.size = 9, .indent = 10, .firstIndent = -10});
+    }
+    sheet.skip(7);
+    if (headed) {
+        sheet.paragraph(words.directions, {.size = 10.5, .bold = true, .after = 0.3});
+    }
+    for (qsizetype i = 0; i < recipe.steps.size(); ++i) {
+        record(u"step", recipe.steps[i]);
+        sheet.paragraph(recipe.steps[i], {.size = 9, .after = 0.4});
+    }
+    sheet.skip(22);
+}
+
+/// One recipe below the other.
+void setStacked(Sheet& sheet, const Recipe& recipe, const Recipe* next)
+{
+    setWhole(sheet, recipe, 13, true, true);
+    if (next != nullptr) {
+        setWhole(sheet, *next, 13, true, false);
+    }
+}
+
+void setStackedBare(Sheet& sheet, const Recipe& recipe, const Recipe* next)
+{
+    setWhole(sheet, recipe, 13, false, true);
+    if (next != nullptr) {
+        setWhole(sheet, *next, 13, false, false);
+    }
+}
+
+/// One recipe beside the other.
+void setBeside(Sheet& sheet, const Recipe& recipe, const Recipe* next)
+{
+    const double width = (sheet.width() - gutter) / 2;
+    const double left = sheet.left();
+    sheet.sideBySide({{left, width, [&] { setWhole(sheet, recipe, 14, true, true); }},
+                      {left + width + gutter, width, [&] {
+                           if (next != nullptr) {
+                               setWhole(sheet, *next, 14, true, false);
+                           }
+                       }}});
+}
+
+/// The title is no larger than the text.
+void setModest(Sheet& sheet, const Recipe& recipe, const Recipe*)
+{
+    setWhole(sheet, recipe, 9.5, true, true);
+}
+
 } // namespace
 
 const QList<SetPage>& bookPages()
@@ -260,6 +328,10 @@ const QList<SetPage>& bookPages()
         {QStringLiteral("flush-narrow"), {.margin = 40, .family = serif, .leading = 1.3}, setFlushNarrow},
         {QStringLiteral("amounts-right"), {.family = inter}, setAmountsRight},
         {QStringLiteral("in-book"), {.page = {420, 595}, .margin = 45, .family = serif}, setInBook},
+        {QStringLiteral("two-stacked"), {.margin = 45, .family = inter}, setStacked},
+        {QStringLiteral("two-stacked-bare"), {.margin = 45, .family = serif}, setStackedBare},
+        {QStringLiteral("two-beside"), {.page = {842, 595}, .margin = 40, .family = serif}, setBeside},
+        {QStringLiteral("modest"), {.page = {420, 595}, .margin = 40, .family = inter}, setModest},
         {QStringLiteral("large-figures"), {.margin = 40, .family = inter}, setMagazine},
     };
     return all;

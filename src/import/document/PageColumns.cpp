@@ -1,6 +1,7 @@
 #include "import/document/PageColumns.h"
 
 #include "import/document/LineShape.h"
+#include "import/document/RecipeFacts.h"
 
 #include <algorithm>
 #include <cmath>
@@ -103,9 +104,17 @@ public:
     /// Marks the lines that stand apart from the one before, besides those that begin a band or a column.
     void markBlocks(QList<TextLine>& lines) const
     {
+        std::vector<double> gaps{0};
+        for (qsizetype i = 1; i < lines.size(); ++i) {
+            const double gap = lines[i].place.top() - lines[i - 1].place.bottom();
+            if (gap > -0.5 * m_height && gap < 2 * m_height) {
+                gaps.push_back(gap);
+            }
+        }
+        const double wide = std::min(0.9 * m_height, std::max(0.45 * m_height, 3 * medianOf(gaps)));
         for (qsizetype i = 0; i < lines.size(); ++i) {
             const double gap = i == 0 ? 0 : lines[i].place.top() - lines[i - 1].place.bottom();
-            lines[i].startsBlock = lines[i].startsBlock || i == 0 || gap > 0.9 * m_height || gap < -m_height;
+            lines[i].startsBlock = lines[i].startsBlock || i == 0 || gap > wide || gap < -m_height;
         }
     }
 
@@ -134,8 +143,8 @@ private:
     /// Two times, or a time and a number of portions, are no amount with its name.
     static bool isAmountAndName(const QString& a, const QString& b)
     {
-        return (LineShape::isBareAmount(a) && !LineShape::startsWithAmount(b)) ||
-               (LineShape::isBareAmount(b) && !LineShape::startsWithAmount(a));
+        const bool amountFirst = LineShape::isBareAmount(a);
+        return amountFirst != LineShape::isBareAmount(b) && !RecipeFacts::isFact(amountFirst ? b : a);
     }
 
     /// Lines in rows, those put together of which one is a mere amount and the other what it is an amount of.

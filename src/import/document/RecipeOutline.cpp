@@ -10,6 +10,9 @@ namespace ovrin {
 
 namespace {
 
+/// A title, an ingredient or two, a step.
+constexpr qsizetype leastLines = 4;
+
 /// Whether line `i` stands elsewhere than right below the line before. Without places that cannot be told.
 bool mayHaveJumped(const QList<TextLine>& lines, qsizetype i)
 {
@@ -37,14 +40,49 @@ qsizetype nextTitle(const QList<TextLine>& lines)
     return lines.size();
 }
 
+/// The first stretch of lines between titles that holds both a list and a method.
+QList<TextLine> firstWhole(const QList<TextLine>& lines)
+{
+    QList<qsizetype> titles;
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        const bool begins = i == 0 || !isLargeType(lines[i - 1]) || lines[i].page != lines[i - 1].page;
+        if (begins && isLargeType(lines[i]) && looksLikeTitle(lines[i])) {
+            titles.append(i);
+        }
+    }
+    constexpr qsizetype mostTitles = 40;
+    for (qsizetype k = 0; k + 1 < std::min(titles.size(), mostTitles); ++k) {
+        // Smaller type below a title heads a part of the same recipe.
+        constexpr double alike = 0.93;
+        const double height = lines[titles[k]].relativeHeight;
+        const auto next = std::find_if(titles.begin() + k + 1, titles.end(), [&](qsizetype i) {
+            return lines[i].relativeHeight >= alike * height;
+        });
+        const qsizetype end = next == titles.end() ? lines.size() : *next;
+        if (end == lines.size() || end - titles[k] < leastLines) {
+            continue;
+        }
+        const QList<TextLine> own = lines.sliced(titles[k], end - titles[k]);
+        const IngredientSearch search(own);
+        const LineRange list = search.list();
+        if (!list.isEmpty() &&
+            (search.methodAbove(list) < list.begin || search.directionsBegin(list.begin) < own.size())) {
+            return own;
+        }
+    }
+    return lines;
+}
+
 RecipeOutline withoutHeadings(const QList<TextLine>& lines)
 {
     RecipeOutline result;
-    const qsizetype further = IngredientSearch(lines).furtherRecipe(1);
+    QList<TextLine> own = firstWhole(lines);
+    const qsizetype further = IngredientSearch(own).furtherRecipe(1);
     // Two titles with lists of their own: only the first one's lines are looked at.
-    const bool several = further < lines.size() && IngredientSearch(lines.first(further)).hasList(0);
-    const QList<TextLine> own = several ? lines.first(further) : lines;
-    result.hasMoreRecipes = several;
+    if (further < own.size() && IngredientSearch(own.first(further)).hasList(0)) {
+        own = own.first(further);
+    }
+    result.hasMoreRecipes = own.size() < lines.size();
     const IngredientSearch search(own);
     const LineRange list = search.list();
     if (list.isEmpty()) {
@@ -89,6 +127,11 @@ RecipeOutline firstRecipe(const QList<Section>& all)
     for (qsizetype i = 0; i < all.size(); ++i) {
         const bool complete = !result.ingredients.isEmpty() && !result.directions.isEmpty();
         if (complete && all[i].kind == HeadingKind::Ingredients && !all[i].lines.isEmpty()) {
+            result.hasMoreRecipes = true;
+            break;
+        }
+        if (complete && all[i].kind == HeadingKind::None) {
+            // The title of the next recipe.
             result.hasMoreRecipes = true;
             break;
         }

@@ -1,5 +1,6 @@
 #include "import/document/RecipeSections.h"
 
+#include "import/document/IngredientSearch.h"
 #include "import/document/LineShape.h"
 #include "import/document/RecipeFacts.h"
 #include "import/document/RecipeTextParser.h"
@@ -66,10 +67,28 @@ public:
                 (lines[i].page != lines[i - 1].page || lines[i].place.top() < lines[i - 1].place.top());
             add(lines[i], jumps);
         }
-        return m_sections;
+        return withTitlesOfRecipesOnly();
     }
 
 private:
+    /// Large type above a list of ingredients is the next recipe's title; any other is a part of what it
+    /// stands in.
+    QList<Section> withTitlesOfRecipesOnly() const
+    {
+        QList<Section> result{m_sections.first()};
+        for (qsizetype i = 1; i < m_sections.size(); ++i) {
+            const bool isPart =
+                m_sections[i].kind == HeadingKind::None &&
+                (i + 1 == m_sections.size() || m_sections[i + 1].kind != HeadingKind::Ingredients);
+            if (isPart) {
+                result.last().lines += m_sections[i].lines;
+            } else {
+                result.append(m_sections[i]);
+            }
+        }
+        return result;
+    }
+
     /// Where a section's lines stand on the last page that has any.
     struct Column
     {
@@ -85,7 +104,9 @@ private:
         const Heading heading = runsOn ? Heading() : headingOf(line.text);
         if (heading.kind == HeadingKind::None) {
             m_amounts += LineShape::startsWithAmount(line.text) ? 1 : 0;
-            if (jumps) {
+            if (isLargeType(line) && line.startsBlock && looksLikeTitle(line) && isComplete()) {
+                begin(HeadingKind::None);
+            } else if (jumps) {
                 m_current = continued(line);
             }
             append(line);
@@ -100,9 +121,7 @@ private:
         if (restIsAside) {
             m_sections.first().lines.append({heading.rest, true, 1, line.page});
         }
-        m_sections.append({heading.kind, {}});
-        m_columns.append(Column());
-        m_current = m_sections.size() - 1;
+        begin(heading.kind);
         note(line);
         if (!heading.rest.isEmpty() && !restIsAside) {
             TextLine first = line;
@@ -110,6 +129,23 @@ private:
             first.startsBlock = true;
             append(first);
         }
+    }
+
+    void begin(HeadingKind kind)
+    {
+        m_sections.append({kind, {}});
+        m_columns.append(Column());
+        m_current = m_sections.size() - 1;
+    }
+
+    bool isComplete() const
+    {
+        const auto has = [&](HeadingKind kind) {
+            return std::any_of(m_sections.begin(), m_sections.end(), [&](const Section& section) {
+                return section.kind == kind && !section.lines.isEmpty();
+            });
+        };
+        return has(HeadingKind::Ingredients) && has(HeadingKind::Directions);
     }
 
     void append(const TextLine& line)
