@@ -5,6 +5,8 @@
 #include "import/document/RecipeFacts.h"
 #include "import/document/RecipeWords.h"
 
+#include <QtCore/QRegularExpression>
+
 #include <algorithm>
 #include <functional>
 
@@ -18,8 +20,19 @@ constexpr double likenessOfNothing = 0.15;
 constexpr double certainIngredient = 1.4;
 constexpr qsizetype longestPlainIngredient = 70;
 
+/// "1.1 Apple cake", set larger than the text.
+bool isNumberedHeading(const TextLine& line)
+{
+    static const QRegularExpression number(QStringLiteral("^\\d{1,2}\\.\\d{1,2}\\.?\\s+\\p{Lu}"),
+                                           QRegularExpression::UseUnicodePropertiesOption);
+    return line.relativeHeight > 1.1 && number.match(line.text).hasMatch();
+}
+
 double likenessOf(const TextLine& line, bool isStep)
 {
+    if (isNumberedHeading(line)) {
+        return -2;
+    }
     if (RecipeFacts::isFact(line.text)) {
         return -1.5;
     }
@@ -54,6 +67,9 @@ bool isLargeType(const TextLine& line)
 bool looksLikeTitle(const TextLine& line)
 {
     const QString& text = line.text;
+    if (isNumberedHeading(line)) {
+        return text.size() <= 90;
+    }
     return text.size() >= 3 && text.size() <= 90 && !LineShape::startsWithAmount(text) &&
            !LineShape::hasBullet(text) && !LineShape::endsSentence(text) && !LineShape::isProse(text) &&
            text.front().isUpper() && !RecipeFacts::isFact(text);

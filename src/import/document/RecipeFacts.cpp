@@ -4,6 +4,8 @@
 
 #include <QtCore/QRegularExpression>
 
+#include <algorithm>
+
 namespace ovrin {
 
 namespace {
@@ -16,6 +18,16 @@ QRegularExpression pattern(const QString& text)
 
 constexpr qsizetype longestYield = 60;
 constexpr qsizetype longestFactLine = 160;
+
+/// Most lines of a page are running text, and told at a glance: a fact of that length has a number, a colon
+/// or something that parts it from the next one.
+bool isCertainlyNone(const QString& line)
+{
+    constexpr qsizetype longestBareFact = 60;
+    return line.size() > longestBareFact && std::none_of(line.begin(), line.end(), [](QChar c) {
+               return c.isDigit() || c == u'\t' || QStringView(u":：•·|│⋅∙●◦/—–").contains(c);
+           });
+}
 
 } // namespace
 
@@ -110,7 +122,7 @@ bool RecipeFacts::read(const QString& line)
     static const QRegularExpression separator = pattern(
         QStringLiteral("\\s*[•·|│⋅∙●◦]\\s*|\\s+[—–/]\\s+|\\s{3,}|\\t+|"
                        "(?<=\\S)\\s+(?=(?:prep|cook|total|active)\\s+time\\b|servings?\\s*:|yields?\\s*:)"));
-    if (line.size() > longestFactLine) {
+    if (line.size() > longestFactLine || isCertainlyNone(line)) {
         return false;
     }
     bool any = false;

@@ -6,6 +6,7 @@
 #include "import/document/RecipeItems.h"
 #include "import/document/RecipeTextParser.h"
 
+#include <QtCore/QRegularExpression>
 #include <QtCore/QSet>
 
 #include <algorithm>
@@ -77,7 +78,7 @@ public:
     void read()
     {
         const Title best = bestTitle();
-        m_draft.title = best.text;
+        m_draft.title = withoutSectionNumber(best.text);
         m_draft.summary = summary(m_lines.sliced(best.end));
     }
 
@@ -106,9 +107,38 @@ private:
         qsizetype end = 0;
     };
 
+    /// "1 Desserts", the chapter that "1.1 Apple cake" stands in.
+    static bool isChapter(const QString& text)
+    {
+        static const QRegularExpression chapter(QStringLiteral("^\\d{1,2}\\s+\\p{Lu}"),
+                                                QRegularExpression::UseUnicodePropertiesOption);
+        return chapter.match(text).hasMatch();
+    }
+
+    static const QRegularExpression& sectionNumber()
+    {
+        static const QRegularExpression number(QStringLiteral("^\\d{1,2}\\.\\d{1,2}\\.?\\s+(?=\\p{Lu})"),
+                                               QRegularExpression::UseUnicodePropertiesOption);
+        return number;
+    }
+
+    static QString withoutSectionNumber(QString text) { return text.remove(sectionNumber()); }
+
+    /// The last line that has a subsection's number; -1 where there is none.
+    qsizetype numberedSubsection() const
+    {
+        for (qsizetype i = m_lines.size() - 1; i >= 0; --i) {
+            if (sectionNumber().match(m_lines[i].text).hasMatch()) {
+                return i;
+            }
+        }
+        return -1;
+    }
+
     /// Large type counts most, then that the recipe speaks of what the title names; of equals the first.
     Title bestTitle() const
     {
+        const qsizetype subsection = numberedSubsection();
         const int page = lastPageWithTitle();
         Title best;
         double bestScore = 0;
@@ -129,7 +159,8 @@ private:
                 continue;
             }
             const double large = isLarge ? line.relativeHeight * 2 : 1;
-            const double score = large * (1 + 0.6 * shareSpokenOf(title.text, m_spoken)) -
+            const double chapter = subsection > i && isChapter(title.text) ? 0.4 : 1;
+            const double score = chapter * large * (1 + 0.6 * shareSpokenOf(title.text, m_spoken)) -
                                  0.12 * static_cast<double>(std::min<qsizetype>(rank++, 8));
             i = title.end;
             if (score > bestScore) {

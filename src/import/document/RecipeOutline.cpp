@@ -45,7 +45,7 @@ QList<TextLine> firstWhole(const QList<TextLine>& lines)
 {
     QList<qsizetype> titles;
     for (qsizetype i = 0; i < lines.size(); ++i) {
-        const bool begins = i == 0 || !isLargeType(lines[i - 1]) || lines[i].page != lines[i - 1].page;
+        const bool begins = i == 0 || !isLargeType(lines[i - 1]) || lines[i].startsBlock;
         if (begins && isLargeType(lines[i]) && looksLikeTitle(lines[i])) {
             titles.append(i);
         }

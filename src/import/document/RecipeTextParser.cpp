@@ -18,6 +18,8 @@ namespace ovrin {
 namespace {
 
 constexpr qsizetype longestYield = 60;
+/// Twelve pages of small print. Of a document with more lines the rest is not looked at.
+constexpr qsizetype mostLines = 3000;
 /// How much longer than its heading word a heading may be.
 constexpr qsizetype longestAddition = 13;
 
@@ -84,13 +86,14 @@ void takeFacts(QList<TextLine>& lines, RecipeDraft& draft, bool onlyLabelled)
 
 RecipeTextParser::Result RecipeTextParser::parseFirst(const QList<TextLine>& lines)
 {
-    QList<TextLine> text = PageColumns::regrouped(PageFurniture::removed(lines));
+    const QList<TextLine> considered = lines.first(std::min(lines.size(), mostLines));
+    QList<TextLine> text = PageColumns::regrouped(PageFurniture::removed(considered));
     repairZeros(text);
     joinDropCaps(text);
     RecipeOutline parts = outline(text);
     Result result;
     result.hasMoreRecipes = parts.hasMoreRecipes;
-    readHead(parts, PageFurniture::siteNames(lines), result.draft);
+    readHead(parts, PageFurniture::siteNames(considered), result.draft);
     takeFacts(parts.ingredients, result.draft, false);
     takeFacts(parts.directions, result.draft, true);
     result.draft.ingredients = RecipeItems::ingredients(parts.ingredients);

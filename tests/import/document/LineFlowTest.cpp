@@ -165,3 +165,38 @@ INSTANTIATE_TEST_SUITE_P(Pages, RecipesWithoutHeadings, testing::Values(
         "Heat the oil in a large pot until it shimmers. Add the carrots."}),
     [](const auto& drawn) { return std::string(drawn.param.name); });
 // clang-format on
+
+TEST(RecipePages, PassOverTheChapterThatARecipeStandsIn)
+{
+    QList<TextLine> lines = pagePicture("1 Desserts\n"
+                                        "\n"
+                                        "1.1 Cream\n"
+                                        "\n"
+                                        "200 ml cream\n"
+                                        "20 g sugar\n"
+                                        "\n"
+                                        "Whip the cream with the sugar until it is stiff.\n"
+                                        "\n"
+                                        "\n"
+                                        "1.2 Jelly\n"
+                                        "\n"
+                                        "200 ml juice\n"
+                                        "20 g gelatine\n"
+                                        "\n"
+                                        "Boil the juice with the gelatine until it is dissolved.\n");
+    for (TextLine& line : lines) {
+        if (line.text.startsWith(u"1")) {
+            line.relativeHeight = line.text.startsWith(u"1 ") ? 2 : 1.7;
+            line.place.setTop(line.place.bottom() - line.place.height() * line.relativeHeight);
+        }
+    }
+    const RecipeTextParser::Result result = RecipeTextParser::parseFirst(lines);
+    EXPECT_EQ(result.draft.title, u"Cream");
+    EXPECT_EQ(result.draft.ingredients.join(u'/'), u"200 ml cream/20 g sugar");
+}
+
+TEST(RecipePages, AreLookedAtUpToALimitOfLines)
+{
+    QList<TextLine> lines(24000, TextLine{QStringLiteral("1 egg")});
+    EXPECT_LE(RecipeTextParser::parse(lines).ingredients.size(), 3000);
+}
