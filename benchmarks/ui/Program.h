@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QtCore/QStringList>
+
+namespace ovrin {
+
+/// What one run of a program with a window cost, from its start to its first frame.
+struct Start
+{
+    /// By the clock, in milliseconds.
+    double wall = 0;
+    /// Of all its threads' processor time, in milliseconds.
+    double processor = 0;
+    /// A second later, in megabytes: memory that it shares with others in proportion, and what is its alone.
+    double proportional = 0;
+    double own = 0;
+};
+
+/// Starts `program`, waits for its first frame, and ends it. `folder` takes its settings. Ends this program
+/// when no frame comes.
+Start startOf(const QString& program, const QStringList& arguments, const QString& folder);
+
+} // namespace ovrin
