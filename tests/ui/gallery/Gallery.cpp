@@ -28,6 +28,8 @@ struct Scene
     std::function<void(WindowFixture&, LibraryWindow&, QQuickWindow&)> arrange = {};
     /// Run before it stands.
     std::function<void(WindowFixture&)> seed = {};
+    bool isMirrored = false;
+    double textScale = 1;
 };
 
 void wait(int milliseconds)
@@ -51,7 +53,7 @@ void openFirst(LibraryWindow& model)
 
 const QList<int> allWidths{640, 900, 1180, 1920};
 
-QList<Scene> scenes()
+QList<Scene> plainScenes()
 {
     const auto openRecipe = [](WindowFixture&, LibraryWindow& model, QQuickWindow&) { openFirst(model); };
     const auto withPhoto = [](QSize size, const QString& title = {}) {
@@ -156,6 +158,28 @@ QList<Scene> scenes()
     };
 }
 
+/// The main scenes again from right to left, and with large text.
+QList<Scene> scenes()
+{
+    QList<Scene> all = plainScenes();
+    for (Scene scene : plainScenes()) {
+        if (!QStringList(
+                 {u"library"_qs, u"recipe"_qs, u"editor"_qs, u"editor-ingredients"_qs, u"import-sheet"_qs})
+                 .contains(scene.name))
+            continue;
+        const QString name = scene.name;
+        scene.widths = {640, 1180};
+        scene.name = name + u"-mirrored"_qs;
+        scene.isMirrored = true;
+        all.append(scene);
+        scene.name = name + u"-large"_qs;
+        scene.isMirrored = false;
+        scene.textScale = 1.5;
+        all.append(scene);
+    }
+    return all;
+}
+
 struct CookScene
 {
     QString name;
@@ -230,6 +254,8 @@ void shoot(const Scene& scene, int width, bool dark, const QList<QByteArray>& ph
     WindowFixture fixture;
     fixture.appearance.setDark(dark);
     fixture.appearance.setMotionReduced(true);
+    fixture.appearance.setTextScale(scene.textScale);
+    QGuiApplication::setLayoutDirection(scene.isMirrored ? Qt::RightToLeft : Qt::LeftToRight);
     fixture.flags.setFlag(u"didSeedSampleRecipes"_qs, true);
     fill(fixture.library, scene.recipes, photos);
     if (scene.seed)
