@@ -60,6 +60,11 @@ TEST_F(ViewsTest, hostileRecipesAreShownAsText)
     model->editRecipe();
     QTest::qWait(100);
     EXPECT_EQ(model->editor()->ingredients()->rowCount(), 500);
+    EXPECT_LT(items(u"ingredient"_qs).size(), 60) << "only what is near to be seen is made";
+    QObject* const form = window->findChild<QObject*>(u"editorForm"_qs);
+    form->setProperty("contentY", item(u"editorIngredients"_qs)->height() - 400);
+    QTest::qWait(20);
+    EXPECT_EQ(items(u"ingredient"_qs).last()->property("label").toString(), u"Ingredient 500"_qs);
     model->editor()->cancel();
 }
 

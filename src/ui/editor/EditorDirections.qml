@@ -5,6 +5,7 @@ FormSection {
     id: root
 
     required property EditorModel editor
+    required property Flickable form
 
     title: qsTr("Directions")
     framed: false
@@ -16,19 +17,30 @@ FormSection {
         Repeater {
             id: repeater
             model: root.editor.steps
-            EditorStep {
+            NearRow {
+                id: place
+                required property int index
+                required property string stepTitle
+                required property string stepText
                 width: root.width
-                stepCount: repeater.count
-                rows: root.editor.steps
+                estimate: Theme.rowHeight * 3
+                row: EditorStep {
+                    index: place.index
+                    stepTitle: place.stepTitle
+                    stepText: place.stepText
+                    stepCount: repeater.count
+                    rows: root.editor.steps
+                }
             }
         }
+        NearRows { form: root.form; rows: repeater }
         PushButton {
             objectName: "addStep"
             symbol: "plus.circle.fill"
             text: qsTr("Add Step")
             onClicked: {
                 const row = root.editor.steps.append()
-                Qt.callLater(() => repeater.itemAt(row).takeFocus())
+                Qt.callLater(() => repeater.itemAt(row).made().takeFocus())
             }
         }
     }

@@ -12,6 +12,8 @@ Item {
     required property string line
     property int rowCount: 0
     required property EditorModel editor
+    /// What the rows lie in, one below the other.
+    required property Item column
 
     signal rowWanted(int row)
 
@@ -53,7 +55,7 @@ Item {
                 if (!active)
                     return
                 // By the place in the column, which is the same before and after the rows have moved aside.
-                const y = handle.mapToItem(row.parent, 0, centroid.position.y).y
+                const y = handle.mapToItem(row.column, 0, centroid.position.y).y
                 row.move(Math.max(0, Math.min(row.rowCount - 1, Math.floor(y / row.height))))
             }
         }

@@ -5,13 +5,14 @@ FormSection {
     id: root
 
     required property EditorModel editor
+    required property Flickable form
 
     function focusRow(row) {
         // The row may have been made a moment ago: its item is there once the model's signal is through.
         Qt.callLater(() => {
             const item = rows.itemAt(row)
             if (item)
-                item.takeFocus()
+                item.made().takeFocus()
         })
     }
 
@@ -21,13 +22,23 @@ FormSection {
     Repeater {
         id: rows
         model: root.editor.ingredients
-        EditorIngredientRow {
+        NearRow {
+            id: place
+            required property int index
+            required property string line
             width: root.width
-            rowCount: rows.count
-            editor: root.editor
-            onRowWanted: row => root.focusRow(row)
+            estimate: Theme.rowHeight
+            row: EditorIngredientRow {
+                index: place.index
+                line: place.line
+                rowCount: rows.count
+                column: place.parent
+                editor: root.editor
+                onRowWanted: row => root.focusRow(row)
+            }
         }
     }
+    NearRows { form: root.form; rows: rows }
     Flow {
         width: root.width
         padding: Theme.gap3

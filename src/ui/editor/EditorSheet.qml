@@ -1,5 +1,5 @@
 import QtQuick
-import QtQuick.Controls.Basic as Basic
+import QtQuick.Templates as T
 import Ovrin
 
 /* The one form in which a recipe is written, changed or reviewed. */
@@ -45,7 +45,7 @@ Item {
             contentHeight: column.height + 2 * Theme.gap5
             boundsBehavior: Flickable.StopAtBounds
             clip: true
-            Basic.ScrollBar.vertical: ScrollBar {}
+            T.ScrollBar.vertical: ScrollBar {}
 
             Connections {
                 target: form.Window.window
@@ -87,10 +87,12 @@ Item {
                 EditorIngredients {
                     objectName: "editorIngredients"
                     width: parent.width
+                    form: form
                     editor: root.editor
                 }
                 EditorDirections {
                     width: parent.width
+                    form: form
                     editor: root.editor
                 }
             }

@@ -48,25 +48,11 @@ Rectangle {
         symbol: "ellipsis"
         hint: qsTr("Step %1: more").arg(card.index + 1)
         Accessible.role: Accessible.ButtonMenu
-        onClicked: menu.popup(more, more.width - menu.width, more.height)
-        ActionMenu {
-            id: menu
-            label: more.hint
-            ActionItem {
-                text: qsTr("Move Up"); symbol: "arrow.up"
-                enabled: card.index > 0
-                onTriggered: card.rows.move(card.index, card.index - 1)
-            }
-            ActionItem {
-                text: qsTr("Move Down"); symbol: "arrow.down"
-                enabled: card.index + 1 < card.stepCount
-                onTriggered: card.rows.move(card.index, card.index + 1)
-            }
-            ActionItem {
-                text: qsTr("Delete Step"); symbol: "trash"; destructive: true
-                onTriggered: card.rows.remove(card.index)
-            }
+        onClicked: {
+            const actions = menu.made({step: card, label: hint})
+            actions.popup(more, more.width - actions.width, more.height)
         }
+        Deferred { id: menu; view: Qt.resolvedUrl("StepMenu.qml") }
     }
     Rectangle {
         y: heading.height
