@@ -26,6 +26,9 @@ T.Menu {
 
     delegate: ActionItem {}
     contentItem: ListView {
+        // What lies over the window does not inherit this from it.
+        LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+        LayoutMirroring.childrenInherit: true
         implicitHeight: contentHeight
         model: control.contentModel
         interactive: control.window ? contentHeight + control.topPadding + control.bottomPadding > control.window.height : false

@@ -38,6 +38,9 @@ T.Popup {
     T.Overlay.modal: Rectangle { color: Theme.dim }
 
     contentItem: FocusScope {
+        // What lies over the window does not inherit this from it.
+        LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+        LayoutMirroring.childrenInherit: true
         focus: true
         implicitHeight: column.implicitHeight
         Keys.onEscapePressed: alert.answer(alert.cancelled)

@@ -6,12 +6,15 @@ import Ovrin
 T.TextField {
     id: control
 
+    readonly property bool mirrored: LayoutMirroring.enabled
+    readonly property int symbolPadding: Theme.gap3 + Theme.symbolSmall + Theme.gap2
+
     signal leftDownwards()
 
     implicitHeight: Theme.controlHeight
     implicitWidth: 260
-    leftPadding: Theme.gap3 + Theme.symbolSmall + Theme.gap2
-    rightPadding: Theme.controlHeight
+    leftPadding: mirrored ? Theme.controlHeight : symbolPadding
+    rightPadding: mirrored ? symbolPadding : Theme.controlHeight
     verticalAlignment: TextInput.AlignVCenter
     font: Theme.input
     color: Theme.text
@@ -39,7 +42,7 @@ T.TextField {
         color: Theme.secondary
     }
     PlainText {
-        x: control.mirrored ? control.rightPadding : control.leftPadding
+        x: control.leftPadding
         width: control.width - control.leftPadding - control.rightPadding
         height: control.height
         visible: control.length === 0 && control.preeditText === ""

@@ -44,6 +44,9 @@ T.Popup {
     }
 
     contentItem: FocusScope {
+        // What lies over the window does not inherit this from it.
+        LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+        LayoutMirroring.childrenInherit: true
         focus: true
         Keys.onEscapePressed: sheet.dismissed()
         Shortcut {

@@ -13,6 +13,7 @@ Column {
     spacing: Theme.gap2
 
     PlainText {
+        width: parent.width
         text: section.title
         font: Theme.secondaryStrong
         color: Theme.secondary

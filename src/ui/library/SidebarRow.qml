@@ -26,7 +26,6 @@ T.ItemDelegate {
             x: row.isFolded ? Math.round((parent.width - Theme.symbolSize) / 2)
                             : row.mirrored ? parent.width - width - Theme.gap2 - 2 : Theme.gap2 + 2
             spacing: Theme.gap2 + 2
-            layoutDirection: row.mirrored ? Qt.RightToLeft : Qt.LeftToRight
             Symbol {
                 anchors.verticalCenter: parent.verticalCenter
                 name: row.symbol

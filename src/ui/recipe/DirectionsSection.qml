@@ -13,6 +13,7 @@ Column {
     spacing: Theme.gap3
 
     PlainText {
+        width: parent.width
         height: Theme.controlHeight
         verticalAlignment: Text.AlignVCenter
         text: qsTr("Directions")
