@@ -1,12 +1,38 @@
 #include "app/Groceries.h"
 
-#include "platform/reminders/DesktopReminderStore.h"
+#include "platform/reader/DocumentReader.h"
 #include "reminders/GroceryList.h"
 
 #include <QCoro/QCoroFuture>
+#include <QtCore/QCoreApplication>
+#include <QtCore/QFileInfo>
+#include <QtCore/QLibrary>
 #include <QtCore/QPromise>
 
 namespace ovrin {
+
+namespace {
+
+/// See GroceryModule.cpp.
+using AddAndTell = void (*)(std::unique_ptr<ReminderStore>& store, const QStringList& lines,
+                            const QString& recipeTitle, QString& answer);
+
+QString addAndTell(std::unique_ptr<ReminderStore>& store, const QStringList& lines,
+                   const QString& recipeTitle)
+{
+    // It lies among the helpers, wherever those are.
+    const QFileInfo helper(
+        findHelper(QCoreApplication::applicationDirPath(), QStringLiteral("ovrin-notifier")));
+    QLibrary library(helper.absolutePath() + QStringLiteral("/ovrin-groceries.so"));
+    const auto add = reinterpret_cast<AddAndTell>(library.resolve("ovrinAddToGroceries"));
+    if (!add)
+        return GroceryList::Failure(GroceryList::Failure::Case::AccessDenied).errorDescription();
+    QString answer;
+    add(store, lines, recipeTitle, answer);
+    return answer;
+}
+
+} // namespace
 
 Groceries::Groceries()
 {
@@ -26,9 +52,7 @@ QCoro::Task<QString> Groceries::add(QStringList lines, QString recipeTitle)
     const QFuture<QString> future = promise->future();
     promise->start();
     m_thread.start([this, promise, lines, recipeTitle] {
-        if (!m_store)
-            m_store = std::make_unique<DesktopReminderStore>();
-        promise->addResult(GroceryList::addAndTell(*m_store, lines, recipeTitle));
+        promise->addResult(addAndTell(m_store, lines, recipeTitle));
         promise->finish();
     });
     co_return co_await future;

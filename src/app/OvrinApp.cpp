@@ -42,7 +42,7 @@ QString OvrinApp::libraryFolder(const QString& wanted)
                             : wanted;
 }
 
-OvrinApp::OvrinApp(std::unique_ptr<RecipeStore> store, const Folders& folders)
+OvrinApp::OvrinApp(std::unique_ptr<RecipeStore> store, const Folders& folders, QQmlEngine& engine)
     : m_store(std::move(store))
     , m_pages(folders.program)
     , m_documents(folders.program, DocumentImport::languageModelIn(m_settings))
@@ -54,6 +54,7 @@ OvrinApp::OvrinApp(std::unique_ptr<RecipeStore> store, const Folders& folders)
     , m_timers([] { return QDateTime::currentDateTimeUtc(); }, *m_notifications)
     , m_photos(*m_store)
     , m_model(windowServices())
+    , m_engine(engine)
     , m_cookWindows({m_engine, *m_store, m_photos, m_timers,
                      [] { return std::make_shared<DisplayAwake>(tr("Cooking")); }})
 {

@@ -50,8 +50,8 @@ public:
     /// The folder of the library; the usual one unless another is wanted.
     static QString libraryFolder(const QString& wanted);
 
-    /// `store` is open. Made once, on the main thread.
-    OvrinApp(std::unique_ptr<RecipeStore> store, const Folders& folders);
+    /// `store` is open; `engine` shows the windows and outlives this. Made once, on the main thread.
+    OvrinApp(std::unique_ptr<RecipeStore> store, const Folders& folders, QQmlEngine& engine);
     ~OvrinApp() override;
 
     /// False when the window cannot be made, which only a broken installation brings about.
@@ -92,8 +92,7 @@ private:
     RecipePhotos m_photos;
     DraftPhotos m_draftPhotos;
     LibraryWindow m_model;
-    /// Above what it shows, so that it goes first.
-    QQmlEngine m_engine;
+    QQmlEngine& m_engine;
     std::unique_ptr<QObject> m_window;
     std::unique_ptr<WindowPlace> m_place;
     CookWindows m_cookWindows;

@@ -4,6 +4,7 @@
 #include "platform/instance/HandOver.h"
 #include "platform/instance/LibraryName.h"
 #include "platform/instance/RunningInstance.h"
+#include "ui/Views.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QProcess>
@@ -40,17 +41,36 @@ HandOver handOverTo(const QString& library, StartRequest request)
     return result;
 }
 
-/// A later start is over before anything of a window is made. Without an application of its own: the end of
-/// one takes Qt Quick's accessibility along, for the one that comes after it as well.
-HandOver handOverEarly(int argc, char** argv)
+RecipeStore::Opening beginOpening(const CommandLine& line)
+{
+    RecipeStore::Options options;
+    options.folder = OvrinApp::libraryFolder(line.store());
+    options.locale = QLocale();
+    return RecipeStore::beginOpening(std::move(options));
+}
+
+/// What can be done before anything of a window is made.
+struct Beginning
+{
+    HandOver handOver = HandOver::NobodyThere;
+    /// None when the command line holds what only the application's own parts understand.
+    RecipeStore::Opening opening = {};
+};
+
+/// A later start is over here; the first one has its library read meanwhile. Without an application of its
+/// own: the end of one takes Qt Quick's accessibility along, for the one that comes after it as well.
+Beginning begin(int argc, char** argv)
 {
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));
     CommandLine line;
-    if (!line.isPlainStart(arguments) || line.isService())
-        return HandOver::NobodyThere;
-    return handOverTo(libraryName(OvrinApp::libraryFolder(line.store())), line.request());
+    if (!line.isPlainStart(arguments))
+        return {};
+    HandOver result = HandOver::NobodyThere;
+    if (!line.isService())
+        result = handOverTo(libraryName(OvrinApp::libraryFolder(line.store())), line.request());
+    return {result, result == HandOver::Done ? RecipeStore::Opening() : beginOpening(line)};
 }
 
 /// Whether this process is to show the library itself; otherwise another one does.
@@ -78,8 +98,8 @@ bool takesLibrary(RunningInstance& instance, const CommandLine& line, bool isAns
 int main(int argc, char** argv)
 {
     nameApplication();
-    const HandOver early = handOverEarly(argc, argv);
-    if (early == HandOver::Done)
+    const Beginning beginning = begin(argc, argv);
+    if (beginning.handOver == HandOver::Done)
         return 0;
 
     QGuiApplication application(argc, argv);
@@ -89,24 +109,22 @@ int main(int argc, char** argv)
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
     CommandLine line;
     line.process(QCoreApplication::arguments());
+    QQmlEngine engine;
+    beginViews(engine);
     RunningInstance instance(QDBusConnection::sessionBus());
-    if (!takesLibrary(instance, line, early != HandOver::NoAnswer))
+    if (!takesLibrary(instance, line, beginning.handOver != HandOver::NoAnswer))
         return 0;
 
-    const auto folders = OvrinApp::Folders::usual(line.store());
-    RecipeStore::Options options;
-    options.folder = folders.library;
-    options.locale = QLocale();
-    RecipeStore::Opened opened = RecipeStore::open(std::move(options));
+    RecipeStore::Opened opened = (beginning.opening ? beginning.opening : beginOpening(line))();
     if (!opened.store) {
         std::fprintf(stderr, "Couldn't open the recipe library: %s\n", qPrintable(opened.error));
-        const auto other = askForAnotherLibrary(folders.library, opened.error);
+        const auto other = askForAnotherLibrary(OvrinApp::libraryFolder(line.store()), opened.error);
         // A start of its own, so that what holds for one library holds for the other.
         const bool isStarted = other && QProcess::startDetached(QCoreApplication::applicationFilePath(),
                                                                 {QStringLiteral("--store"), *other});
         return isStarted ? 0 : 1;
     }
-    OvrinApp app(std::move(opened.store), folders);
+    OvrinApp app(std::move(opened.store), OvrinApp::Folders::usual(line.store()), engine);
     if (!opened.notice.isEmpty())
         app.say(opened.notice);
     QObject::connect(&instance, &RunningInstance::requested, &app, [&app](const StartRequest& request) {

@@ -6,6 +6,7 @@
 #include "model/store/StoreWriter.h"
 
 #include <algorithm>
+#include <future>
 
 namespace ovrin {
 
@@ -13,6 +14,8 @@ namespace {
 
 constexpr RecipeAttributes unlisted{RecipeAttribute::Summary | RecipeAttribute::StepsData |
                                     RecipeAttribute::Notes | RecipeAttribute::ImageData};
+/// What starts together with the store, a window above all, comes before the search keys.
+constexpr auto foldingDelay = std::chrono::milliseconds(400);
 
 } // namespace
 
@@ -36,7 +39,7 @@ RecipeStore::RecipeStore(Options options, LibraryFile file)
             this, [this, batch = std::move(batch)] { acknowledge(batch); }, Qt::QueuedConnection);
     });
     m_foldTimer.callOnTimeout(this, &RecipeStore::foldSome);
-    m_foldTimer.start(0);
+    m_foldTimer.start(foldingDelay);
     m_refreshTimer.callOnTimeout(this, &RecipeStore::refresh);
     if (m_options.refreshInterval.count() > 0)
         m_refreshTimer.start(m_options.refreshInterval);
@@ -44,16 +47,24 @@ RecipeStore::RecipeStore(Options options, LibraryFile file)
 
 RecipeStore::Opened RecipeStore::open(Options options)
 {
-    try {
-        LibraryFile file = openLibrary(options.folder, options.vfs, options.now());
-        const QString notice = file.notice;
-        return {
-            std::unique_ptr<RecipeStore>(new RecipeStore(std::move(options), std::move(file))), {}, notice};
-    } catch (const LibraryError& error) {
-        return {nullptr, error.description, {}};
-    } catch (const sqlite::Error& error) {
-        return {nullptr, error.description(), {}};
-    }
+    return beginOpening(std::move(options))();
+}
+
+RecipeStore::Opening RecipeStore::beginOpening(Options options)
+{
+    const auto opening = std::make_shared<std::future<LibraryFile>>(std::async(
+        std::launch::async, [options] { return openLibrary(options.folder, options.vfs, options.now()); }));
+    return [options, opening]() -> Opened {
+        try {
+            LibraryFile file = opening->get();
+            const QString notice = file.notice;
+            return {std::unique_ptr<RecipeStore>(new RecipeStore(options, std::move(file))), {}, notice};
+        } catch (const LibraryError& error) {
+            return {nullptr, error.description, {}};
+        } catch (const sqlite::Error& error) {
+            return {nullptr, error.description(), {}};
+        }
+    };
 }
 
 RecipeStore::~RecipeStore()
@@ -115,6 +126,7 @@ RecipePtr RecipeStore::existingRecipe(const QUrl& url) const
 void RecipeStore::foldSome()
 {
     constexpr std::size_t atOnce = 200;
+    m_foldTimer.setInterval(0);
     const std::size_t end = std::min(m_folded + atOnce, m_recipes.size());
     for (; m_folded < end; ++m_folded)
         m_recipes[m_folded]->searchKey(m_folding);

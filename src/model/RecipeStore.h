@@ -68,6 +68,10 @@ public:
         QString notice;
     };
     static Opened open(Options options);
+    /// Begins to open on a thread of its own. The function given waits for that and is called once, on the
+    /// thread that the store is to live on.
+    using Opening = std::function<Opened()>;
+    static Opening beginOpening(Options options);
     /// Returns when everything changed so far is on the disk.
     ~RecipeStore() override;
 

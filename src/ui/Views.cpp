@@ -5,6 +5,7 @@
 #include "ui/images/RecipePhotos.h"
 #include "ui/images/SymbolProvider.h"
 
+#include <QtQml/QQmlComponent>
 #include <QtQml/QQmlEngine>
 
 // Made by Qt's build step. Nothing else refers to it, and a linker takes from a library only what is referred
@@ -13,10 +14,27 @@ void qml_register_types_Ovrin();
 
 namespace ovrin {
 
-void prepareViews(QQmlEngine& engine)
+namespace {
+
+void addModule(QQmlEngine& engine)
 {
     qml_register_types_Ovrin();
     engine.addImportPath(QStringLiteral(":/"));
+}
+
+} // namespace
+
+void beginViews(QQmlEngine& engine)
+{
+    addModule(engine);
+    auto* const window = new QQmlComponent(&engine, mainWindowUrl(), QQmlComponent::Asynchronous, &engine);
+    // What has been read stays with the engine.
+    QObject::connect(window, &QQmlComponent::statusChanged, window, &QObject::deleteLater);
+}
+
+void prepareViews(QQmlEngine& engine)
+{
+    addModule(engine);
     engine.addImageProvider(QStringLiteral("symbol"), new SymbolProvider);
 }
 

@@ -11,6 +11,10 @@ namespace ovrin {
 class DraftPhotos;
 class RecipePhotos;
 
+/// Begins to read the window's QML on the engine's thread, so that it is there by the time `prepareViews` and
+/// the models are through. May be left out.
+void beginViews(QQmlEngine& engine);
+
 /// Gives `engine` all that the views ask it for: the module `Ovrin`, symbols and photos. The photos outlive
 /// it.
 void prepareViews(QQmlEngine& engine, RecipePhotos& photos, DraftPhotos& drafts);

@@ -87,6 +87,20 @@ TEST_F(LibraryModelTest, searchingNarrowsAndWidensByRows)
     for (int i = 0; i < 300; ++i)
         library.add(i % 3 ? u"Soup %1"_qs.arg(i) : u"Crème brûlée %1"_qs.arg(i));
     QSignalSpy reset(&model, &QAbstractItemModel::modelReset);
+    // What a view shows that knows of nothing but what it was told.
+    QStringList shown = titles();
+    const auto title = [this](int row) { return model.index(row).data(LibraryModel::TitleRole).toString(); };
+    QObject::connect(&model, &QAbstractItemModel::rowsRemoved,
+                     [&](const QModelIndex&, int first, int last) { shown.remove(first, last - first + 1); });
+    QObject::connect(&model, &QAbstractItemModel::rowsInserted, [&](const QModelIndex&, int first, int last) {
+        for (int row = first; row <= last; ++row)
+            shown.insert(row, title(row));
+    });
+    QObject::connect(&model, &QAbstractItemModel::dataChanged,
+                     [&](const QModelIndex& first, const QModelIndex& last) {
+                         for (int row = first.row(); row <= last.row(); ++row)
+                             shown[row] = title(row);
+                     });
     for (const QString& search :
          {u"c"_qs, u"creme"_qs, u"creme brulee 1"_qs, u"soup"_qs, u"x"_qs, QString()}) {
         model.setSearch(search);
@@ -94,6 +108,7 @@ TEST_F(LibraryModelTest, searchingNarrowsAndWidensByRows)
         for (const RecipePtr& recipe : library.store().visible(LibraryFilter::All, search))
             expected << recipe->title();
         EXPECT_EQ(titles(), expected) << qPrintable(search);
+        EXPECT_EQ(shown, expected) << qPrintable(search);
     }
     EXPECT_EQ(reset.size(), 0);
 }

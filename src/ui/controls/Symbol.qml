@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Window
 import Ovrin
 
 /* One of Ovrin's own line drawings, in one colour, sharp at every pixel ratio. Only a picture: never accessible. */

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Window
 import Ovrin
 
 /* One recipe, to be cooked from. */

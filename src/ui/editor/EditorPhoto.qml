@@ -1,7 +1,6 @@
 import QtCore
 import QtQuick
 import QtQuick.Dialogs
-import QtQuick.Window
 import Ovrin
 
 /* The photo: chosen from a file, dropped or pasted here. */

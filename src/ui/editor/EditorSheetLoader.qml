@@ -12,6 +12,6 @@ Item {
     Loader {
         id: loader
         active: root.model.editor.isOpen
-        sourceComponent: EditorSheet { model: root.model }
+        Component.onCompleted: setSource("EditorSheet.qml", {model: root.model})
     }
 }

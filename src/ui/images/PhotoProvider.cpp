@@ -15,6 +15,7 @@ namespace ovrin {
 namespace {
 
 constexpr int largestSide = 4096;
+const QString tintPrefix = QStringLiteral("tint/");
 
 QImage nothing()
 {
@@ -137,6 +138,15 @@ QQuickImageResponse* PhotoProvider::requestImageResponse(const QString& id, cons
     const QString key = mark < 0 ? id : id.first(mark);
     const PhotoShape shape = shapeOf(mark < 0 ? QString() : id.sliced(mark + 1), requestedSize);
     const std::weak_ptr<State> weak = m_state;
+    if (key.startsWith(tintPrefix)) {
+        m_state->pool.start([cache = m_state->cache, job, key, cacheKey, shape] {
+            const QStringList tints = key.sliced(tintPrefix.size()).split(u'/');
+            const QImage image = placeholder(QColor(u'#' + tints.value(0)), QColor(u'#' + tints.value(1)), shape);
+            cache->keep(cacheKey, image);
+            job->finish(image);
+        });
+        return response;
+    }
     const auto fetch = [weak, job, key, cacheKey, shape] {
         const auto state = weak.lock();
         if (!state || job->isCancelled)

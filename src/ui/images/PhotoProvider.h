@@ -9,6 +9,8 @@ namespace ovrin {
 
 /// Shows photos: `image://photo/<key>?radius=14&blur=1`, at the `sourceSize` given, in device pixels.
 ///
+/// `tint/<rrggbb>/<rrggbb>` is what stands where there is no photo: `placeholder` of PhotoShape.h.
+///
 /// The bytes are fetched on the main thread, decoded and shaped off it, and the results kept within a budget
 /// of bytes. A photo that is missing or cannot be decoded comes back as one transparent pixel, without a
 /// warning: what lies beneath is its placeholder.

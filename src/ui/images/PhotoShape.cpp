@@ -1,6 +1,7 @@
 #include "ui/images/PhotoShape.h"
 
 #include "imaging/ImageProcessing.h"
+#include "ui/images/SymbolProvider.h"
 
 #include <QtCore/QBuffer>
 #include <QtGui/QImageReader>
@@ -13,6 +14,8 @@ namespace {
 
 /// A photo this small, scaled up smoothly, looks like the photo under frosted glass.
 constexpr int blurredSide = 20;
+/// The theme's `photoFaint`: on a recipe's own colours it is the same in the light and in the dark.
+constexpr QColor placeholderInk(255, 255, 255, 0x99);
 
 /// The part of `photo` that has the proportions of `size`, from its middle.
 QRect middle(const QSize& photo, const QSize& size)
@@ -35,15 +38,15 @@ int decodeSide(const QByteArray& jpeg, const QSize& size)
     return std::max({upright.width(), upright.height(), turned.width(), turned.height()});
 }
 
-QImage rounded(const QImage& photo, int radius)
+QImage rounded(const QBrush& brush, const QSize& size, int radius)
 {
-    QImage image(photo.size(), QImage::Format_ARGB32_Premultiplied);
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(photo);
-    painter.drawRoundedRect(photo.rect(), radius, radius);
+    painter.setBrush(brush);
+    painter.drawRoundedRect(image.rect(), radius, radius);
     return image;
 }
 
@@ -63,7 +66,21 @@ QImage shapedPhoto(const QByteArray& jpeg, const PhotoShape& shape)
         photo = photo.scaled(photo.size().scaled(blurredSide, blurredSide, Qt::KeepAspectRatio),
                              Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     photo = photo.scaled(shape.size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    return shape.radius > 0 ? rounded(photo, shape.radius) : photo;
+    return shape.radius > 0 ? rounded(photo, photo.size(), shape.radius) : photo;
+}
+
+QImage placeholder(const QColor& first, const QColor& second, const PhotoShape& shape)
+{
+    const QSize size = shape.size.expandedTo({1, 1});
+    QLinearGradient wash(0, 0, 0, size.height());
+    wash.setColorAt(0, first);
+    wash.setColorAt(1, second);
+    QImage image = rounded(wash, size, shape.radius);
+    const QImage symbol =
+        SymbolProvider::symbol(QStringLiteral("fork.knife"), placeholderInk, size.height() * 27 / 100);
+    QPainter(&image).drawImage((size.width() - symbol.width()) / 2, (size.height() - symbol.height()) / 2,
+                               symbol);
+    return image;
 }
 
 } // namespace ovrin

@@ -19,4 +19,7 @@ struct PhotoShape
 /// renderer draws neither masks nor blurs. Null when it cannot be decoded.
 QImage shapedPhoto(const QByteArray& jpeg, const PhotoShape& shape);
 
+/// A wash from `first` above to `second` below, rounded, with a fork and knife in its middle.
+QImage placeholder(const QColor& first, const QColor& second, const PhotoShape& shape);
+
 } // namespace ovrin

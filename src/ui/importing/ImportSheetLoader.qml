@@ -1,7 +1,7 @@
 import QtQuick
 import Ovrin
 
-/* The sheet in which the address of a recipe page is typed. */
+/* Makes the import sheet while it is open. */
 Item {
     id: root
 
@@ -15,65 +15,7 @@ Item {
 
     Loader {
         active: root.isOpen
-        sourceComponent: Item {
-            Sheet {
-                id: sheet
-
-                function start() {
-                    if (!root.model.importSheet.canImport)
-                        return
-                    root.isOpen = false
-                    root.model.startImport()
-                }
-
-                visible: true
-                title: qsTr("Import Recipe")
-                confirmText: qsTr("Import")
-                canConfirm: root.model.importSheet.canImport
-                firstField: field
-                onConfirmed: start()
-                onDismissed: root.isOpen = false
-                onCancelled: root.isOpen = false
-
-                Column {
-                    width: parent.width
-                    padding: Theme.gap6
-                    spacing: Theme.gap3
-                    readonly property int inner: width - 2 * padding
-
-                    PlainText {
-                        text: qsTr("Recipe Web Page")
-                        font: Theme.secondaryStrong
-                        color: Theme.secondary
-                        Accessible.ignored: true
-                    }
-                    InputField {
-                        id: field
-                        objectName: "address"
-                        width: parent.inner
-                        label: qsTr("Recipe Web Page")
-                        placeholderText: "https://"
-                        text: root.model.importSheet.address
-                        inputMethodHints: Qt.ImhUrlCharactersOnly | Qt.ImhNoPredictiveText | Qt.ImhNoAutoUppercase
-                        onTextChanged: root.model.importSheet.address = text
-                        onAccepted: sheet.start()
-                    }
-                    PlainText {
-                        width: parent.inner
-                        text: qsTr("Works with most recipe sites. Ingredients, directions, times and the photo are brought in for you.")
-                        font: Theme.secondaryText
-                        color: Theme.secondary
-                        lineHeight: 1.35
-                    }
-                    PlainText {
-                        width: parent.inner
-                        text: qsTr("Tip: in Safari, choose File › Share › Ovrin, or drag a link onto the Ovrin window.")
-                        font: Theme.secondaryText
-                        color: Theme.secondary
-                        lineHeight: 1.35
-                    }
-                }
-            }
-        }
+        Component.onCompleted: setSource("ImportSheet.qml", {model: root.model})
+        onLoaded: item.closed.connect(() => root.isOpen = false)
     }
 }

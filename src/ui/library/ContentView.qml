@@ -43,8 +43,8 @@ FocusScope {
                 focus: !content.model.recipe.isShown
                 model: content.model
                 onImportRequested: importing.open()
-                onFileRequested: files.openForDocument()
-                onPhotoRequested: files.openForPhoto()
+                onFileRequested: files.dialogs().openForDocument()
+                onPhotoRequested: files.dialogs().openForPhoto()
             }
             RecipePageLoader {
                 id: page
@@ -55,12 +55,13 @@ FocusScope {
         }
     }
 
-    Notices {
+    Loader {
+        active: content.model.message !== "" || content.model.deletedTitle !== ""
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.bottom: parent.bottom
         anchors.bottomMargin: Theme.gap6
         width: Math.min(parent.width - Theme.gap8, 520)
-        model: content.model
+        Component.onCompleted: setSource("Notices.qml", {model: content.model})
     }
 
     DropArea {
@@ -83,20 +84,15 @@ FocusScope {
     ImportSheetLoader { id: importing; objectName: "importSheet"; model: content.model }
     EditorSheetLoader { id: editing; model: content.model }
     ShortcutSheetLoader { id: shortcuts; objectName: "shortcutSheet"; model: content.model }
-    FileDialogs { id: files; model: content.model }
+    Deferred {
+        id: files
+        readonly property var dialogs: () => made({model: content.model})
+        view: Qt.resolvedUrl("../importing/FileDialogs.qml")
+    }
 
     Loader {
         active: content.model.failure !== ""
-        sourceComponent: Item {
-            Alert {
-                visible: true
-                title: qsTr("Couldn’t Import Recipe")
-                message: content.model.failure
-                confirmText: qsTr("Add Manually")
-                onConfirmed: content.model.addManually()
-                onCancelled: content.model.dismissFailure()
-            }
-        }
+        Component.onCompleted: setSource("FailureAlert.qml", {model: content.model})
     }
 
     Connections {
@@ -107,7 +103,7 @@ FocusScope {
         model: content.model
         isFree: content.isFree
         onImportRequested: importing.open()
-        onFileRequested: files.openForDocument()
+        onFileRequested: files.dialogs().openForDocument()
         onSearchRequested: grid.search()
         onShortcutsRequested: shortcuts.open()
         onCloseRequested: content.closeRequested()

@@ -101,7 +101,7 @@ void LibraryModel::setFilter(LibraryFilter filter)
         return;
     m_filter = filter;
     Q_EMIT filterChanged();
-    refresh();
+    showOthers();
 }
 
 void LibraryModel::setFilterName(const QString& name)
@@ -115,7 +115,7 @@ void LibraryModel::setSearch(const QString& text)
         return;
     m_search = text;
     Q_EMIT searchChanged();
-    refresh();
+    showOthers();
 }
 
 QVariantList LibraryModel::filters() const
@@ -151,6 +151,31 @@ void LibraryModel::refresh()
         }
     }
     if (m_rows.size() != before)
+        Q_EMIT countChanged();
+}
+
+void LibraryModel::showOthers()
+{
+    std::vector<RecipePtr> wanted = m_store.visible(m_filter, m_search);
+    const auto before = static_cast<int>(m_rows.size());
+    const auto after = static_cast<int>(wanted.size());
+    const int common = qMin(before, after);
+    if (after < before) {
+        beginRemoveRows({}, after, before - 1);
+        m_rows.resize(after);
+        endRemoveRows();
+    }
+    const auto [old, fresh] = std::mismatch(m_rows.begin(), m_rows.begin() + common, wanted.begin());
+    const auto firstOther = static_cast<int>(old - m_rows.begin());
+    std::copy(fresh, wanted.begin() + common, old);
+    if (firstOther < common)
+        Q_EMIT dataChanged(index(firstOther), index(common - 1));
+    if (after > before) {
+        beginInsertRows({}, before, after - 1);
+        m_rows = std::move(wanted);
+        endInsertRows();
+    }
+    if (after != before)
         Q_EMIT countChanged();
 }
 

@@ -64,6 +64,9 @@ Q_SIGNALS:
 
 private:
     bool isVisible(const Recipe& recipe) const;
+    /// The list for a new filter or search. Rows take over other recipes instead of coming and going, so that
+    /// the cards that are seen are filled anew and not built anew.
+    void showOthers();
     /// The first row whose recipe does not stand before `recipe` in the store.
     qsizetype lowerBound(qsizetype storeIndex) const;
     void onInserted(qsizetype storeIndex);

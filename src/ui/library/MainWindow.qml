@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Window
 import Ovrin
 
 /* The library window. Its size and place are remembered by the application. */
@@ -25,6 +24,24 @@ Window {
             close.accepted = false
             content.askToDiscard(() => window.close())
         }
+    }
+
+    Connections {
+        id: firstFrame
+        target: window
+        function onFrameSwapped() {
+            firstFrame.enabled = false
+            readAhead.start()
+        }
+    }
+    // What is likely to come next is read, on the engine's thread, while nothing else happens.
+    Timer {
+        id: readAhead
+        property var pages: []
+        interval: Theme.patience
+        onTriggered: pages = ["../recipe/RecipePage.qml", "../editor/EditorSheet.qml", "../importing/ImportSheet.qml",
+                              "../controls/TextActions.qml", "CardMenu.qml", "AddMenu.qml"].map(
+                     page => Qt.createComponent(page, Component.Asynchronous, window))
     }
 
     ContentView {

@@ -1,7 +1,7 @@
 import QtQuick
 import Ovrin
 
-/* One recipe in the grid. */
+/* One recipe in the grid, which hears the pointer for all of its cards: there are many, and each must be light. */
 Item {
     id: card
 
@@ -15,10 +15,9 @@ Item {
     required property color firstTint
     required property color secondTint
     property int photoHeight
-    property bool hasRing: false
+    property real lift: 0
 
     signal opened()
-    signal menuRequested(real x, real y)
 
     function open() { opened() }
 
@@ -28,82 +27,58 @@ Item {
     Accessible.focusable: true
     Accessible.onPressAction: opened()
 
-    HoverHandler { id: hover }
-    TapHandler { onTapped: card.opened() }
-    TapHandler {
-        acceptedButtons: Qt.RightButton
-        onTapped: point => card.menuRequested(point.position.x, point.position.y)
-    }
-    TapHandler {
-        acceptedDevices: PointerDevice.TouchScreen
-        onLongPressed: card.menuRequested(point.position.x, point.position.y)
-    }
-
-    Rectangle {
-        anchors.fill: picture
-        anchors.margins: -3
-        anchors.topMargin: 3
-        anchors.bottomMargin: -7
-        radius: Theme.radiusCard + 4
-        color: Theme.shadow
-        visible: hover.hovered
-    }
     RecipePhoto {
         id: picture
+        y: -card.lift
         width: parent.width
         height: card.photoHeight
         photo: card.photo
         firstTint: card.firstTint
         secondTint: card.secondTint
-        transform: Translate {
-            y: hover.hovered ? -2 : 0
-            Behavior on y { NumberAnimation { duration: Theme.quick; easing.type: Easing.OutCubic } }
-        }
-        FocusRing {
-            shown: card.hasRing
-            around: Theme.radiusCard
-            gap: 3
-            border.width: 3
-        }
-        Rectangle {
-            visible: card.isSaved
-            anchors.right: parent.right
-            anchors.top: parent.top
-            anchors.margins: Theme.gap2
-            width: mark.width + 14
-            height: mark.height + 14
+    }
+    Loader {
+        active: card.isSaved
+        anchors.right: picture.right
+        anchors.top: picture.top
+        anchors.margins: Theme.gap2
+        sourceComponent: Rectangle {
+            implicitWidth: mark.width + 14
+            implicitHeight: mark.height + 14
             radius: Theme.radiusControl
             color: Theme.cardMark
             Symbol {
                 id: mark
                 anchors.centerIn: parent
                 size: Theme.symbolSmall - 2
-                name: card.isSaved ? "bookmark.fill" : ""
+                name: "bookmark.fill"
                 color: Theme.photoWhite
             }
         }
     }
-    PlainText {
+    Text {
         id: words
-        anchors.top: picture.bottom
-        anchors.topMargin: Theme.gap2 + 2
+        y: card.photoHeight + Theme.gap2 + 2
         width: parent.width
         text: card.title
+        textFormat: Text.PlainText
         font: Theme.headline
+        color: Theme.text
         maximumLineCount: 2
+        wrapMode: Text.Wrap
         elide: Text.ElideRight
+        horizontalAlignment: Text.AlignLeft
         Accessible.ignored: true
     }
-    PlainText {
-        anchors.top: words.bottom
-        anchors.topMargin: 2
+    Text {
+        y: words.y + words.height + 2
         width: parent.width
         visible: text !== ""
         text: card.publisher
+        textFormat: Text.PlainText
         font: Theme.secondaryText
         color: Theme.secondary
-        wrapMode: Text.NoWrap
         elide: Text.ElideRight
+        horizontalAlignment: Text.AlignLeft
         Accessible.ignored: true
     }
 }

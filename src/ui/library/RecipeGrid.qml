@@ -1,5 +1,5 @@
 import QtQuick
-import QtQuick.Controls.Basic as Basic
+import QtQuick.Templates as T
 import Ovrin
 
 /* The recipes as cards, with the search above them. The grid is one stop of the Tab key; arrows move in it. */
@@ -48,6 +48,7 @@ FocusScope {
             text: root.model.library.search
             onTextChanged: {
                 root.model.library.search = text
+                view.currentIndex = 0
                 view.positionViewAtBeginning()
             }
             onLeftDownwards: if (view.count > 0) view.forceActiveFocus(Qt.TabFocusReason)
@@ -61,30 +62,8 @@ FocusScope {
             symbol: "plus"
             hint: qsTr("Add a recipe")
             Accessible.role: Accessible.ButtonMenu
-            onClicked: addMenu.popup(add, 0, add.height + Theme.gap1)
-            ActionMenu {
-                id: addMenu
-                label: add.hint
-                ActionItem {
-                    text: qsTr("Import from Web…"); symbol: "safari"; shortcutText: qsTr("Ctrl+I")
-                    onTriggered: root.importRequested()
-                }
-                ActionItem {
-                    visible: root.model.canImportFiles
-                    text: qsTr("Import PDF or Image…"); symbol: "doc.text.viewfinder"; shortcutText: qsTr("Ctrl+O")
-                    onTriggered: root.fileRequested()
-                }
-                ActionItem {
-                    visible: root.model.canImportPictures
-                    text: qsTr("Import Screenshot or Photo…"); symbol: "photo.on.rectangle"
-                    onTriggered: root.photoRequested()
-                }
-                ActionSeparator {}
-                ActionItem {
-                    text: qsTr("New Recipe"); symbol: "square.and.pencil"; shortcutText: qsTr("Ctrl+N")
-                    onTriggered: root.model.createRecipe()
-                }
-            }
+            onClicked: addMenu.made({grid: root, label: hint}).popup(add, 0, add.height + Theme.gap1)
+            Deferred { id: addMenu; view: Qt.resolvedUrl("AddMenu.qml") }
         }
     }
 
@@ -98,20 +77,44 @@ FocusScope {
         readonly property int photoHeight: Math.round(cardWidth * 3 / 4)
         // Nobody looks for the keyboard before it was used: the ring shows once the focus comes by it.
         property bool showsRing: false
+        readonly property RecipeCard hoveredCard: hover.hovered && contentY > -Infinity ? cardAt(hover.point.position) : null
+        property real lift: 0
 
+        // The card at a place of the content; null between the cards.
+        function cardAt(position) {
+            const item = itemAt(position.x, position.y)
+            return item && item.contains(item.mapFromItem(contentItem, position)) ? item : null
+        }
+        function open(card) {
+            if (!card)
+                return
+            currentIndex = card.index
+            showsRing = false
+            root.model.openRecipe(card.recipeId)
+        }
+        function showMenuAt(position) {
+            const card = cardAt(position)
+            if (!card)
+                return
+            currentIndex = card.index
+            const at = card.mapFromItem(contentItem, position)
+            showMenu(card, at.x, at.y)
+        }
         function showMenu(item, x, y) {
             if (!item)
                 return
-            cardMenu.target = item
-            cardMenu.popup(item, x, y)
+            const menu = cardMenu.made({model: root.model})
+            menu.card = item
+            menu.popup(item, x, y)
         }
 
         anchors.top: bar.bottom
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.bottom: parent.bottom
-        anchors.leftMargin: root.margin
-        anchors.rightMargin: root.margin - Theme.cardColumnGap
+        // A card lies at the left of its cell, also from right to left, where the margins change sides.
+        anchors.leftMargin: root.margin - (LayoutMirroring.enabled ? Theme.cardColumnGap : 0)
+        anchors.rightMargin: root.margin - (LayoutMirroring.enabled ? 0 : Theme.cardColumnGap)
         topMargin: Theme.gap2
         bottomMargin: Theme.gap10
         cellWidth: Math.floor((width) / columns)
@@ -130,6 +133,7 @@ FocusScope {
 
         onActiveFocusChanged: if (!activeFocus) showsRing = true
         onCurrentIndexChanged: if (activeFocus) showsRing = true
+        onHoveredCardChanged: if (hoveredCard) lifting.restart()
         Keys.onReturnPressed: if (currentItem) currentItem.open()
         Keys.onEnterPressed: if (currentItem) currentItem.open()
         Keys.onSpacePressed: if (currentItem) currentItem.open()
@@ -146,47 +150,68 @@ FocusScope {
             width: view.cardWidth
             height: view.cellHeight - Theme.cardRowGap
             photoHeight: view.photoHeight
-            hasRing: GridView.isCurrentItem && view.activeFocus && view.showsRing
-            onOpened: {
-                view.currentIndex = index
-                view.showsRing = false
-                root.model.openRecipe(recipeId)
-            }
-            onMenuRequested: (x, y) => {
-                view.currentIndex = index
-                view.showMenu(this, x, y)
+            onOpened: view.open(this)
+        }
+        reuseItems: true
+
+        HoverHandler { id: hover }
+        TapHandler { onTapped: point => view.open(view.cardAt(point.position)) }
+        TapHandler {
+            acceptedButtons: Qt.RightButton
+            onTapped: point => view.showMenuAt(point.position)
+        }
+        TapHandler {
+            acceptedDevices: PointerDevice.TouchScreen
+            onLongPressed: view.showMenuAt(point.position)
+        }
+        Rectangle {
+            z: -1
+            visible: view.hoveredCard !== null
+            x: visible ? view.hoveredCard.x - 3 : 0
+            y: visible ? view.hoveredCard.y + 3 : 0
+            width: view.cardWidth + 6
+            height: view.photoHeight + 4
+            radius: Theme.radiusCard + 4
+            color: Theme.shadow
+        }
+        Binding {
+            target: view.hoveredCard
+            when: view.hoveredCard !== null
+            property: "lift"
+            value: view.lift
+        }
+        NumberAnimation {
+            id: lifting
+            target: view
+            property: "lift"
+            from: 0
+            to: 2
+            duration: Theme.quick
+            easing.type: Easing.OutCubic
+        }
+        Item {
+            z: 1
+            visible: view.activeFocus && view.showsRing && view.currentItem !== null
+            x: visible ? view.currentItem.x : 0
+            y: visible ? view.currentItem.y : 0
+            width: view.cardWidth
+            height: view.photoHeight
+            FocusRing {
+                shown: true
+                around: Theme.radiusCard
+                gap: 3
+                border.width: 3
             }
         }
-        Basic.ScrollBar.vertical: ScrollBar {}
+        T.ScrollBar.vertical: ScrollBar {}
     }
 
-    ActionMenu {
-        id: cardMenu
-        property Item target
-        label: target ? target.title : ""
-        ActionItem {
-            readonly property bool isSaved: cardMenu.target ? cardMenu.target.isSaved : false
-            text: isSaved ? qsTr("Unsave") : qsTr("Save")
-            symbol: isSaved ? "bookmark.slash" : "bookmark"
-            onTriggered: root.model.toggleSaved(cardMenu.target.recipeId)
-        }
-        ActionItem {
-            visible: cardMenu.target ? cardMenu.target.hasPage : false
-            text: qsTr("Open Original Page"); symbol: "safari"
-            onTriggered: root.model.openPage(cardMenu.target.recipeId)
-        }
-        ActionItem {
-            text: qsTr("Delete"); symbol: "trash"; destructive: true
-            shortcutText: qsTr("Del")
-            onTriggered: root.model.deleteRecipe(cardMenu.target.recipeId)
-        }
-    }
-
-    EmptyState {
+    Deferred { id: cardMenu; view: Qt.resolvedUrl("CardMenu.qml") }
+    Loader {
+        active: view.count === 0
         anchors.fill: parent
         anchors.topMargin: bar.height
-        visible: view.count === 0
-        model: root.model
-        onImportRequested: root.importRequested()
+        Component.onCompleted: setSource("EmptyState.qml", {model: root.model})
+        onLoaded: item.importRequested.connect(root.importRequested)
     }
 }

@@ -1,40 +1,32 @@
 import QtQuick
-import QtQuick.Window
 import Ovrin
 
-/* A recipe's photo, or its gradient with the fork and knife until there is one, and where there is none. */
-Item {
+/*
+    A recipe's photo; its own colours with the fork and knife where there is none. All of it comes rounded from the
+    image provider, because the software renderer leaves the corners of a gradient ragged.
+*/
+Rectangle {
     id: root
 
     property url photo
     property color firstTint
     property color secondTint
-    property int radius: Theme.radiusCard
-    readonly property bool hasPhoto: image.status === Image.Ready && image.implicitWidth > 1
+    readonly property bool hasPhoto: photo.toString() !== "" && !image.isMissing
+    readonly property string tints: "image://photo/tint/" + String(firstTint).slice(1) + "/" + String(secondTint).slice(1)
 
-    Rectangle {
-        anchors.fill: parent
-        visible: !root.hasPhoto
-        radius: root.radius
-        gradient: Gradient {
-            GradientStop { position: 0; color: root.firstTint }
-            GradientStop { position: 1; color: root.secondTint }
-        }
-        Symbol {
-            visible: root.photo.toString() === "" || image.status !== Image.Loading
-            anchors.centerIn: parent
-            size: Math.round(44 * Theme.textScale)
-            name: "fork.knife"
-            color: Theme.photoFaint
-        }
-    }
+    radius: Theme.radiusCard
+    color: image.status === Image.Ready ? "transparent" : firstTint
+
     Image {
         id: image
         readonly property real ratio: Screen.devicePixelRatio
+        /// The photo's bytes are none: what came in its stead is a single pixel.
+        property bool isMissing: false
         anchors.fill: parent
         sourceSize: Qt.size(Math.round(width * ratio), Math.round(height * ratio))
-        source: root.photo.toString() === "" || width <= 0 ? ""
-              : root.photo + "?radius=" + Math.round(root.radius * ratio)
+        source: width <= 0 ? "" : (root.hasPhoto ? root.photo : root.tints) + "?radius=" + Math.round(root.radius * ratio)
+        onStatusChanged: if (status === Image.Ready && implicitWidth <= 1) isMissing = true
         Accessible.ignored: true
     }
+    onPhotoChanged: image.isMissing = false
 }

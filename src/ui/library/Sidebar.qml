@@ -59,14 +59,18 @@ FocusScope {
             }
         }
     }
-    ActivityCard {
+    Loader {
+        id: activity
+        active: sidebar.model.activity !== ""
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.bottom: parent.bottom
         anchors.margins: sidebar.isFolded ? Theme.gap1 : Theme.gap3
         anchors.bottomMargin: Theme.gap6
-        isFolded: sidebar.isFolded
-        text: sidebar.model.activity
-        onCancelled: sidebar.model.cancelImport()
+        Component.onCompleted: setSource("ActivityCard.qml", {
+            isFolded: Qt.binding(() => sidebar.isFolded),
+            text: Qt.binding(() => sidebar.model.activity)
+        })
+        onLoaded: item.cancelled.connect(sidebar.model.cancelImport)
     }
 }

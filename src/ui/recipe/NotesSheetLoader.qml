@@ -1,5 +1,5 @@
 import QtQuick
-import QtQuick.Controls.Basic as Basic
+import QtQuick.Templates as T
 import Ovrin
 
 /* The sheet over a recipe's notes. However it is left, what was written is kept. */
@@ -37,7 +37,7 @@ Item {
                     anchors.margins: Theme.gap5
                     contentHeight: field.height
                     clip: true
-                    Basic.ScrollBar.vertical: ScrollBar {}
+                    T.ScrollBar.vertical: ScrollBar {}
                     InputArea {
                         id: field
                         width: parent.width

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Window
 import Ovrin
 
 /* The photo at full width under the recipe's own colours, with its title, facts and buttons over it. */

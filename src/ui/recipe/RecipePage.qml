@@ -1,5 +1,5 @@
 import QtQuick
-import QtQuick.Controls.Basic as Basic
+import QtQuick.Templates as T
 import Ovrin
 
 /* One recipe: its header, and ingredients and directions beside or below each other. */
@@ -38,7 +38,7 @@ FocusScope {
         focus: true
         contentHeight: column.height
         boundsBehavior: Flickable.StopAtBounds
-        Basic.ScrollBar.vertical: ScrollBar {}
+        T.ScrollBar.vertical: ScrollBar {}
         Keys.onDownPressed: scrollBy(60)
         Keys.onUpPressed: scrollBy(-60)
         Keys.onSpacePressed: scrollBy(height * 0.85)
@@ -70,6 +70,7 @@ FocusScope {
                 PlainText {
                     id: summary
                     visible: text !== ""
+                    x: page.LayoutMirroring.enabled ? parent.width - width : 0
                     y: text === "" ? 0 : Theme.gap8
                     width: Math.min(parent.width, 760 * Theme.textScale)
                     height: text === "" ? 0 : implicitHeight
@@ -124,7 +125,7 @@ FocusScope {
         width: parent.width
         margin: page.isWide ? Theme.gap6 - 2 : Theme.gap4
         model: page.model
-        onGroceryFileRequested: groceryFile.open()
+        onGroceryFileRequested: groceryFile.made({model: page.model}).open()
         onDeleteRequested: deletion.open()
     }
     Loader {
@@ -137,7 +138,7 @@ FocusScope {
             maximumHeight: page.height / 2
         }
     }
-    GroceryFileDialog { id: groceryFile; model: page.model }
+    Deferred { id: groceryFile; view: Qt.resolvedUrl("GroceryFileDialog.qml") }
     NotesSheetLoader { id: notes; objectName: "notesSheet"; model: page.model }
     Alert {
         id: deletion

@@ -22,7 +22,7 @@ FocusScope {
         anchors.fill: parent
         focus: true
         active: root.model.recipe.isShown
-        sourceComponent: RecipePage { model: root.model; focus: true }
+        Component.onCompleted: setSource("RecipePage.qml", {model: root.model, focus: true})
         onLoaded: item.takeFocus()
     }
 }
