@@ -62,7 +62,7 @@ QList<TextLine> firstWhole(const QList<TextLine>& lines)
         if (end == lines.size() || end - titles[k] < leastLines) {
             continue;
         }
-        const QList<TextLine> own = lines.sliced(titles[k], end - titles[k]);
+        QList<TextLine> own = lines.sliced(titles[k], end - titles[k]);
         const IngredientSearch search(own);
         const LineRange list = search.list();
         if (!list.isEmpty() &&
