@@ -15,6 +15,7 @@ Item {
     Rectangle {
         id: frame
         objectName: "editorPhoto"
+        anchors.left: parent.left
         width: Math.round(150 * Math.min(Theme.textScale, 1.3))
         height: Math.round(width * 3 / 4)
         radius: Theme.radiusCard
