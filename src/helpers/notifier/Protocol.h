@@ -8,13 +8,14 @@
 /// lines of UTF-8 ended by a line feed, fields parted by tabs; no field holds a control character.
 ///
 /// To the notifier:
-///   hello   BUS-ADDRESS STOP-LABEL SHOW-LABEL   the session's bus (may be empty) and the texts of the two
-///   actions at      ID END FLAGS TITLE BODY             END: nanoseconds of CLOCK_BOOTTIME; FLAGS: see
-///   `Timer` cancel  ID
+/// - `hello BUS-ADDRESS STOP-LABEL SHOW-LABEL`: the session's bus (may be empty) and the actions' texts.
+/// - `at ID END FLAGS TITLE BODY`: END in nanoseconds of CLOCK_BOOTTIME; FLAGS as `Timer` has them.
+/// - `cancel ID`
+///
 /// From the notifier:
-///   taken   ID                                  the request is in the journal: it survives the application
-///   over    ID                                  the note was shown, or the timer cancelled; nothing is left
-///   to do chosen  ID ACTION                           ACTION: "stop" or "show"
+/// - `taken ID`: the request is in the journal and survives the application.
+/// - `over ID`: the note was shown, or the timer cancelled; nothing is left to do.
+/// - `chosen ID ACTION`: ACTION is "stop" or "show".
 namespace ovrin::notifier {
 
 inline constexpr std::string_view socketName = "notifier.socket";

@@ -160,6 +160,21 @@ TEST_F(DesktopNotificationCenterTest, ACancelledTimerNeverNotifies)
     EXPECT_EQ(filesLeft(), QStringList());
 }
 
+TEST_F(DesktopNotificationCenterTest, ATimerThatIsStoppedAtOnceLeavesNothingBehind)
+{
+    // Stopped while its notifier starts, connects, writes it down, or has done so.
+    for (const int delay : {0, 2, 4, 8, 16, 32, 64}) {
+        auto center = application();
+        const QString id = QString::number(delay);
+        center->add(request(id, 600));
+        QTest::qWait(delay);
+        center->remove(id);
+        EXPECT_TRUE(settle(*center)) << delay;
+        EXPECT_TRUE(isGone()) << delay;
+        EXPECT_EQ(filesLeft().size(), 0) << delay;
+    }
+}
+
 TEST_F(DesktopNotificationCenterTest, WhatIsChosenReachesTheApplication)
 {
     NotificationService service(bus.address());
