@@ -152,7 +152,6 @@ FocusScope {
             photoHeight: view.photoHeight
             onOpened: view.open(this)
         }
-        reuseItems: true
 
         HoverHandler { id: hover }
         TapHandler { onTapped: point => view.open(view.cardAt(point.position)) }
