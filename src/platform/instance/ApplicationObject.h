@@ -8,7 +8,7 @@ namespace ovrin {
 class RunningInstance;
 
 /// The methods of `org.freedesktop.Application` as the bus calls them.
-/// Source: the desktop entry specification, "D-Bus Activation".
+/// Source: freedesktop.org, Desktop Entry, "D-Bus Activation".
 class ApplicationObject : public QDBusAbstractAdaptor
 {
     Q_OBJECT

@@ -9,8 +9,8 @@
 namespace ovrin {
 
 /// What shows the window system that a person asked for a window. Without it a window may be refused the
-/// focus. Source: xdg-activation, the startup notification specification, and the keys that the desktop entry
-/// specification gives them in the platform data of `org.freedesktop.Application`.
+/// focus. Source: freedesktop.org's xdg-activation and Startup Notification, and the keys that Desktop Entry
+/// gives them in the platform data of `org.freedesktop.Application`.
 struct ActivationToken
 {
     /// "activation-token"; $XDG_ACTIVATION_TOKEN.

@@ -8,7 +8,7 @@ namespace ovrin::StartupNotification {
 
 namespace {
 
-/// The specification's quoting: a backslash before what would end the value.
+/// The message's quoting: a backslash before what would end the value.
 QByteArray quoted(const QByteArray& text)
 {
     QByteArray result = "\"";

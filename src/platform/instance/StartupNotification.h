@@ -7,7 +7,7 @@
 namespace ovrin {
 
 /// Startup notification under X11.
-/// Source: the startup notification specification 0.2 and the window manager's `_NET_STARTUP_ID`.
+/// Source: freedesktop.org, Startup Notification 0.2, and the window manager's `_NET_STARTUP_ID`.
 namespace StartupNotification {
 
 /// Tells the window manager that the start `id` led to `window`, which was there already: it gives the window

@@ -141,7 +141,8 @@ QQuickImageResponse* PhotoProvider::requestImageResponse(const QString& id, cons
     if (key.startsWith(tintPrefix)) {
         m_state->pool.start([cache = m_state->cache, job, key, cacheKey, shape] {
             const QStringList tints = key.sliced(tintPrefix.size()).split(u'/');
-            const QImage image = placeholder(QColor(u'#' + tints.value(0)), QColor(u'#' + tints.value(1)), shape);
+            const QImage image =
+                placeholder(QColor(u'#' + tints.value(0)), QColor(u'#' + tints.value(1)), shape);
             cache->keep(cacheKey, image);
             job->finish(image);
         });
