@@ -12,7 +12,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr std::size_t mebibyte = 1024 * 1024;
+constexpr std::size_t mebibyte = std::size_t(1) << 20;
 
 /// Bitmaps go to Qt's reader, because the library that reads all else has none that it trusts.
 std::string photoModule(const QByteArray& body)
