@@ -54,7 +54,7 @@ RecipeStore::Opening RecipeStore::beginOpening(Options options)
 {
     const auto opening = std::make_shared<std::future<LibraryFile>>(std::async(
         std::launch::async, [options] { return openLibrary(options.folder, options.vfs, options.now()); }));
-    return [options, opening]() -> Opened {
+    return [options = std::move(options), opening]() -> Opened {
         try {
             LibraryFile file = opening->get();
             const QString notice = file.notice;
