@@ -302,7 +302,11 @@ QCoro::Task<void> ImportCoordinator::takeFromInbox(QString file, Unreadable unre
     if (draft) {
         m_taken.insert(file, time);
         // Named, since g++ 12 destroys a temporary of an awaited call's arguments twice.
-        const std::function<void()> remove = [file] { DraftFolder::remove(file); };
+        const std::function<void()> remove = [self = QPointer(this), file, time] {
+            // Written again meanwhile: that is another draft, to be taken next.
+            if (QFileInfo(file).lastModified() == time && DraftFolder::remove(file) && self)
+                self->m_taken.remove(file);
+        };
         co_await acceptFromOutside(*std::move(draft), remove);
     } else if (unreadable == Unreadable::Reject) {
         DraftFolder(*m_services.inbox).reject(file);

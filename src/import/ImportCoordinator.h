@@ -138,7 +138,7 @@ private:
     QString m_reviewNotice;
     ReviewQueue m_queue;
     QList<std::shared_ptr<Running>> m_running;
-    /// Files of the inbox that were taken, with their times, until they are gone: that is when what became of
+    /// Files of the inbox that were taken and are still there, with their times: they go when what became of
     /// them is durable.
     QHash<QString, QDateTime> m_taken;
     bool m_isDraining = false;

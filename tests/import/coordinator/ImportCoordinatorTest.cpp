@@ -344,13 +344,33 @@ TEST_F(ImportCoordinatorTest, TakesWhatComesWhileTheWindowIsActive)
 
 TEST_F(ImportCoordinatorTest, TakesAnotherDraftByTheSameName)
 {
-    leaveInInbox(QStringLiteral("1.json"), complete(QStringLiteral("Soup")).toJson());
+    const QString name = QStringLiteral("1.json");
+    const QDateTime written = QDateTime::currentDateTime();
+    const auto leave = [&](const QString& title, const std::optional<QUrl>& source, qint64 seconds) {
+        leaveInInbox(name, complete(title, source).toJson());
+        QFile file(inboxPath() + u'/' + name);
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(file.setFileTime(written.addSecs(seconds), QFileDevice::FileModificationTime));
+    };
+    leave(QStringLiteral("Soup"), std::nullopt, 0);
     const auto coordinator = make();
     coordinator->drainInbox();
     EXPECT_EQ(coordinator->waitingDrafts(), 0);
-    leaveInInbox(QStringLiteral("1.json"), complete(QStringLiteral("Cake")).toJson());
+    EXPECT_EQ(filesIn(QStringLiteral("group/Inbox")), QStringList());
+    leave(QStringLiteral("Cake"), std::nullopt, 0);
     coordinator->drainInbox();
-    EXPECT_EQ(coordinator->waitingDrafts(), 1) << "another draft by the same name";
+    EXPECT_EQ(coordinator->waitingDrafts(), 1) << "written within the same tick of the file system's clock";
+
+    // Written over a draft that is taken but not yet saved: it does not go with that one.
+    leave(QStringLiteral("Bread"), address, 1);
+    coordinator->drainInbox();
+    leave(QStringLiteral("Tart"), std::nullopt, 2);
+    untilSaved();
+    ASSERT_EQ(store->count(), 1);
+    EXPECT_EQ(filesIn(QStringLiteral("group/Inbox")), QStringList{name});
+    coordinator->drainInbox();
+    EXPECT_EQ(coordinator->waitingDrafts(), 2);
+    EXPECT_EQ(filesIn(QStringLiteral("group/Inbox")), QStringList());
 }
 
 TEST_F(ImportCoordinatorTest, IgnoresForeignLinks)
