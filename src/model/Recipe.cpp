@@ -63,12 +63,12 @@ Recipe::Recipe(RecipeRecord record)
 {
 }
 
-Recipe::Recipe(ListedRecipe listed, RecipeStore& store)
+Recipe::Recipe(ListedRecipe listed)
     : m_record(std::move(listed.record))
+    , m_unreadIngredients(std::move(listed.ingredients))
     , m_hasDetails(false)
     , m_hasImage(listed.hasImage)
     , m_holdsImage(false)
-    , m_store(&store)
     , m_order(listed.row)
 {
 }
@@ -89,6 +89,12 @@ bool Recipe::loadDetails() const
     return true;
 }
 
+void Recipe::readIngredients() const
+{
+    if (m_unreadIngredients)
+        m_record.ingredients = ingredientsFrom(*std::exchange(m_unreadIngredients, std::nullopt));
+}
+
 void Recipe::loadAll()
 {
     loadDetails();
@@ -105,6 +111,10 @@ void Recipe::releasePhoto()
 RecipeAttributes Recipe::takeOver(ListedRecipe listed, RecipeAttributes logged)
 {
     RecipeRecord& fresh = listed.record;
+    if (m_unreadIngredients != listed.ingredients) {
+        readIngredients();
+        fresh.ingredients = ingredientsFrom(listed.ingredients);
+    }
     RecipeAttributes changed = logged & (details | RecipeAttribute::ImageData);
     const auto compare = [&](auto RecipeRecord::*field, RecipeAttribute attribute) {
         changed.setFlag(attribute, changed.testFlag(attribute) || m_record.*field != fresh.*field);
@@ -159,6 +169,12 @@ void Recipe::assign(T RecipeRecord::*field, const T& value, RecipeAttribute attr
         return;
     m_record.*field = value;
     noteChange(attribute);
+}
+
+const QStringList& Recipe::ingredients() const
+{
+    readIngredients();
+    return m_record.ingredients;
 }
 
 QString Recipe::summary() const
@@ -253,6 +269,7 @@ void Recipe::setTotalMinutes(std::optional<qint64> minutes)
 
 void Recipe::setIngredients(const QStringList& lines)
 {
+    readIngredients();
     assign(&RecipeRecord::ingredients, lines, RecipeAttribute::Ingredients);
 }
 
@@ -360,6 +377,7 @@ void Recipe::recordCook(Instant now)
 RecipeRecord Recipe::record() const
 {
     loadDetails();
+    readIngredients();
     RecipeRecord record = m_record;
     record.imageData = imageData();
     return record;

@@ -27,8 +27,8 @@ public:
     Recipe(const RecipeDraft& draft, Instant createdAt);
     /// A record as it stands, e.g. out of a backup.
     explicit Recipe(RecipeRecord record);
-    /// For the store: one that it has listed.
-    Recipe(ListedRecipe listed, RecipeStore& store);
+    /// For the store: one that it has listed, still outside of the library.
+    explicit Recipe(ListedRecipe listed);
     ~Recipe();
     Recipe(const Recipe&) = delete;
     Recipe& operator=(const Recipe&) = delete;
@@ -50,7 +50,7 @@ public:
     std::optional<qint64> prepMinutes() const { return m_record.prepMinutes; }
     std::optional<qint64> cookMinutes() const { return m_record.cookMinutes; }
     std::optional<qint64> totalMinutes() const { return m_record.totalMinutes; }
-    const QStringList& ingredients() const { return m_record.ingredients; }
+    const QStringList& ingredients() const;
     QByteArray stepsData() const;
     QString notes() const;
     bool isSaved() const { return m_record.isSaved; }
@@ -123,13 +123,17 @@ private:
     void noteChange(RecipeAttribute attribute);
     /// False when they are not here and cannot be read.
     bool loadDetails() const;
+    void readIngredients() const;
     void loadAll();
     void releasePhoto();
     /// Becomes what the library says; `logged` names what changed there besides what a listing shows.
     RecipeAttributes takeOver(ListedRecipe listed, RecipeAttributes logged);
 
-    /// Of the lazily read attributes only what `m_hasDetails` and `m_holdsImage` vouch for.
+    /// Of the lazily read attributes only what `m_hasDetails` and `m_holdsImage` vouch for, and the
+    /// ingredient lines once `m_unreadIngredients` have been read.
     mutable RecipeRecord m_record;
+    /// As the library has them.
+    mutable std::optional<QByteArray> m_unreadIngredients;
     mutable bool m_hasDetails = true;
     bool m_hasImage = false;
     /// The photo is in `m_record`: always outside a library, in one only until it is durable.

@@ -19,22 +19,47 @@ constexpr auto foldingDelay = std::chrono::milliseconds(400);
 
 } // namespace
 
-RecipeStore::RecipeStore(Options options, LibraryFile file)
+/// What the opening thread makes of a library, ready to be taken over.
+struct RecipeStore::Listing
+{
+    LibraryFile file;
+    std::vector<RecipePtr> recipes = {};
+    QHash<QUuid, Recipe*> byId = {};
+    qint64 lastOrder = 0;
+};
+
+RecipeStore::Listing RecipeStore::list(const Options& options)
+{
+    Listing listing{openLibrary(options.folder, options.vfs, options.now())};
+    const auto count = listing.file.recipes.size();
+    listing.recipes.reserve(count);
+    listing.byId.reserve(static_cast<qsizetype>(count));
+    for (ListedRecipe& listed : listing.file.recipes) {
+        listing.lastOrder = listed.row;
+        auto recipe = std::make_shared<Recipe>(std::move(listed));
+        listing.byId.insert(recipe->id(), recipe.get());
+        listing.recipes.push_back(std::move(recipe));
+    }
+    std::ranges::sort(listing.recipes,
+                      [](const RecipePtr& a, const RecipePtr& b) { return liesBelow(*a, *b); });
+    listing.file.recipes = {};
+    return listing;
+}
+
+RecipeStore::RecipeStore(Options options, Listing listing)
     : m_options(std::move(options))
     , m_folding(m_options.locale)
-    , m_reader(std::make_unique<sqlite::Connection>(std::move(file.reader)))
+    , m_reader(std::make_unique<sqlite::Connection>(std::move(listing.file.reader)))
+    , m_recipes(std::move(listing.recipes))
+    , m_byId(std::move(listing.byId))
+    , m_lastOrder(listing.lastOrder)
+    , m_dataVersion(listing.file.dataVersion)
+    , m_seenSequence(listing.file.sequence)
 {
-    m_dataVersion = file.dataVersion;
-    m_seenSequence = file.sequence;
-    for (ListedRecipe& listed : file.recipes) {
-        m_lastOrder = listed.row;
-        auto recipe = std::make_shared<Recipe>(std::move(listed), *this);
-        m_byId.insert(recipe->id(), recipe.get());
-        m_recipes.push_back(std::move(recipe));
-    }
-    std::ranges::sort(m_recipes, [](const RecipePtr& a, const RecipePtr& b) { return liesBelow(*a, *b); });
+    for (const RecipePtr& recipe : m_recipes)
+        recipe->m_store = this;
 
-    m_writer = std::make_unique<StoreWriter>(std::move(file.writer), [this](WrittenBatch batch) {
+    m_writer = std::make_unique<StoreWriter>(std::move(listing.file.writer), [this](WrittenBatch batch) {
         QMetaObject::invokeMethod(
             this, [this, batch = std::move(batch)] { acknowledge(batch); }, Qt::QueuedConnection);
     });
@@ -52,13 +77,13 @@ RecipeStore::Opened RecipeStore::open(Options options)
 
 RecipeStore::Opening RecipeStore::beginOpening(Options options)
 {
-    const auto opening = std::make_shared<std::future<LibraryFile>>(std::async(
-        std::launch::async, [options] { return openLibrary(options.folder, options.vfs, options.now()); }));
+    const auto opening = std::make_shared<std::future<Listing>>(
+        std::async(std::launch::async, [options] { return list(options); }));
     return [options = std::move(options), opening]() -> Opened {
         try {
-            LibraryFile file = opening->get();
-            const QString notice = file.notice;
-            return {std::unique_ptr<RecipeStore>(new RecipeStore(options, std::move(file))), {}, notice};
+            Listing listing = opening->get();
+            const QString notice = listing.file.notice;
+            return {std::unique_ptr<RecipeStore>(new RecipeStore(options, std::move(listing))), {}, notice};
         } catch (const LibraryError& error) {
             return {nullptr, error.description, {}};
         } catch (const sqlite::Error& error) {
@@ -328,7 +353,7 @@ void RecipeStore::takeOver(const QUuid& id, std::optional<ListedRecipe> listed, 
         if (recipe)
             recipe->m_order = listed->row;
         else
-            recipe = std::make_shared<Recipe>(std::move(*listed), *this);
+            recipe = std::make_shared<Recipe>(std::move(*listed));
         putIn(recipe);
         return;
     }

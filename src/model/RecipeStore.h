@@ -120,7 +120,9 @@ Q_SIGNALS:
 private:
     friend class Recipe;
 
-    RecipeStore(Options options, LibraryFile file);
+    struct Listing;
+    static Listing list(const Options& options);
+    RecipeStore(Options options, Listing listing);
 
     void recipeChanged(Recipe& recipe, RecipeAttributes attributes);
     std::optional<RecipeDetails> details(const QUuid& id);

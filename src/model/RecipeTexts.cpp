@@ -1,6 +1,7 @@
 #include "model/Recipe.h"
 
 #include "model/SearchFolding.h"
+#include "model/store/RecordSql.h"
 
 #include "text/IngredientScaler.h"
 
@@ -89,7 +90,9 @@ const std::string& Recipe::searchKey(const SearchFolding& folding) const
         folding.append(m_searchKey, title());
         m_searchKey += SearchFolding::separator;
         folding.append(m_searchKey, publisher());
-        for (const QString& line : ingredients()) {
+        // Not kept: few of the recipes that are searched are read.
+        for (const QString& line :
+             m_unreadIngredients ? ingredientsFrom(*m_unreadIngredients) : m_record.ingredients) {
             m_searchKey += SearchFolding::separator;
             folding.append(m_searchKey, line);
         }

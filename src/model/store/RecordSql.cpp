@@ -21,15 +21,6 @@ constexpr std::string_view listSql =
 
 constexpr qsizetype maxIngredientsBytes = 67'108'864;
 
-QStringList ingredientsFrom(QByteArrayView json)
-{
-    const auto document = JsonDocument::parse(json, maxIngredientsBytes);
-    if (auto lines = document ? readStrings(document->root()) : std::nullopt)
-        return *lines;
-    // Not written by us; shown as it is rather than hidden and then overwritten.
-    return {QString::fromUtf8(json)};
-}
-
 QByteArray ingredientsJson(const QStringList& lines)
 {
     JsonWriter writer;
@@ -67,7 +58,7 @@ std::optional<ListedRecipe> readListed(Statement& row)
     record.prepMinutes = row.optionalInteger(9);
     record.cookMinutes = row.optionalInteger(10);
     record.totalMinutes = row.optionalInteger(11);
-    record.ingredients = ingredientsFrom(row.bytes(12));
+    listed.ingredients = row.blob(12);
     record.isSaved = row.integer(13) != 0;
     record.scale = row.real(14);
     record.createdAt = instantFrom(row.integer(15));
@@ -200,6 +191,15 @@ std::optional<RecipeRecord> readFull(Statement& row)
     listed->record.stepsData = row.blob(19);
     listed->record.notes = row.text(20);
     return std::move(listed->record);
+}
+
+QStringList ingredientsFrom(QByteArrayView json)
+{
+    const auto document = JsonDocument::parse(json, maxIngredientsBytes);
+    if (auto lines = document ? readStrings(document->root()) : std::nullopt)
+        return *lines;
+    // Not written by us; shown as it is rather than hidden and then overwritten.
+    return {QString::fromUtf8(json)};
 }
 
 std::vector<ListedRecipe> listRecipes(Connection& connection)

@@ -10,7 +10,10 @@ namespace ovrin {
 /// A recipe as the library lists it: everything but summary, steps, notes and photo, which stay empty.
 struct ListedRecipe
 {
+    /// Without its ingredient lines: most lists are made without anyone reading them.
     RecipeRecord record;
+    /// Those, for `ingredientsFrom`.
+    QByteArray ingredients;
     bool hasImage = false;
     /// SQLite's row number: the order of insertion.
     qint64 row = 0;
@@ -27,6 +30,9 @@ struct RecipeDetails
 /// Selects whole rows for `readFull`, photos aside; the row number comes first.
 extern const std::string_view fullSql;
 std::optional<RecipeRecord> readFull(sqlite::Statement& row);
+
+/// The lines that a column of ingredients holds.
+QStringList ingredientsFrom(QByteArrayView json);
 
 /// All recipes, in order of insertion.
 std::vector<ListedRecipe> listRecipes(sqlite::Connection& connection);
