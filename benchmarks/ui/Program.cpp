@@ -36,13 +36,13 @@ double megabytes(const QByteArray& rollup, const QString& name)
 
 } // namespace
 
-Start startOf(const QString& program, const QStringList& arguments, const QString& folder)
+Start startOf(const QString& program, const QStringList& arguments, const QString& folder, bool isOurs)
 {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     // Qt itself says when a frame is through: the program is the one that people run.
     environment.insert(QStringLiteral("QT_LOGGING_RULES"),
-                       QStringLiteral("qt.scenegraph.time.renderloop.debug=true"));
+                       QStringLiteral("qt.scenegraph.time.renderloop.debug=true;ovrin.start.debug=true"));
     environment.insert(QStringLiteral("QT_FORCE_STDERR_LOGGING"), QStringLiteral("1"));
     environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder);
     // No other program lies beside it, whose leavings would be taken up.
@@ -53,16 +53,26 @@ Start startOf(const QString& program, const QStringList& arguments, const QStrin
     Start start;
     QElapsedTimer timer;
     QByteArray said;
+    const auto untilFrameAfter = [&](qsizetype from) {
+        while (said.indexOf("rame rendered", from) < 0) {
+            if (!process.waitForReadyRead(20'000))
+                qFatal("%s showed no frame: %s", qPrintable(program), said.constData());
+            said += process.readAll();
+        }
+        return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+    };
     timer.start();
     process.start(program, arguments);
-    do {
-        if (!process.waitForReadyRead(20'000))
-            qFatal("%s showed no frame: %s", qPrintable(program), said.constData());
-        said += process.readAll();
-    } while (!said.contains("rame rendered"));
-    start.wall = static_cast<double>(timer.nsecsElapsed()) / 1e6;
+    start.wall = untilFrameAfter(0);
     const QString folderOfProcess = QStringLiteral("/proc/%1").arg(process.processId());
     start.processor = processorMilliseconds(folderOfProcess);
+    start.filled = start.wall;
+    if (isOurs) {
+        const QByteArray mark = "The library stands in the window.";
+        while (!said.contains(mark) && process.waitForReadyRead(20'000))
+            said += process.readAll();
+        start.filled = untilFrameAfter(said.indexOf(mark));
+    }
     QThread::sleep(1);
     const QByteArray rollup = contents(folderOfProcess + QStringLiteral("/smaps_rollup"));
     start.proportional = megabytes(rollup, QStringLiteral("Pss"));

@@ -1,6 +1,5 @@
 #include "app/OvrinApp.h"
 
-#include "app/WindowPlace.h"
 #include "platform/inhibit/DisplayAwake.h"
 #include "platform/instance/WindowActivation.h"
 #include "platform/notifications/DesktopNotificationCenter.h"
@@ -10,7 +9,6 @@
 
 #include <QtCore/QStandardPaths>
 #include <QtGui/QGuiApplication>
-#include <QtQml/QQmlComponent>
 #include <QtQuick/QQuickWindow>
 
 namespace ovrin {
@@ -42,24 +40,25 @@ QString OvrinApp::libraryFolder(const QString& wanted)
                             : wanted;
 }
 
-OvrinApp::OvrinApp(std::unique_ptr<RecipeStore> store, const Folders& folders, QQmlEngine& engine)
-    : m_store(std::move(store))
+OvrinApp::OvrinApp(std::unique_ptr<RecipeStore> store, const Folders& folders, WindowFrame& frame)
+    : m_frame(frame)
+    , m_store(std::move(store))
     , m_pages(folders.program)
-    , m_documents(folders.program, DocumentImport::languageModelIn(m_settings))
+    , m_documents(folders.program, DocumentImport::languageModelIn(frame.settings()))
     , m_files(m_pages, m_documents)
     , m_importer(importServices(folders))
     , m_inbox(folders.inbox ? std::make_unique<InboxWatch>(*folders.inbox) : nullptr)
     , m_notifications(std::make_unique<DesktopNotificationCenter>(DesktopNotificationCenter::surroundings(
           findHelper(folders.program, QStringLiteral("ovrin-notifier")))))
     , m_timers([] { return QDateTime::currentDateTimeUtc(); }, *m_notifications)
+    , m_flags(frame.settings())
     , m_photos(*m_store)
     , m_model(windowServices())
-    , m_engine(engine)
-    , m_cookWindows({m_engine, *m_store, m_photos, m_timers,
+    , m_cookWindows({frame.engine(), *m_store, m_photos, m_timers,
                      [] { return std::make_shared<DisplayAwake>(tr("Cooking")); }})
 {
     m_notifications->setDelegate(&m_presenter);
-    prepareViews(m_engine, m_photos, m_draftPhotos);
+    prepareViews(frame.engine(), m_photos, m_draftPhotos);
     // Who looks elsewhere hears the note's own sound alone.
     connect(&m_timers, &CookTimers::ranOut, this, [this] {
         if (QGuiApplication::applicationState() == Qt::ApplicationActive)
@@ -69,10 +68,13 @@ OvrinApp::OvrinApp(std::unique_ptr<RecipeStore> store, const Folders& folders, Q
         m_model.openRecipe(timer.recipeId.toString(QUuid::WithoutBraces));
         bringForward({});
     });
-    connect(&m_engine, &QQmlEngine::quit, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
 }
 
-OvrinApp::~OvrinApp() = default;
+OvrinApp::~OvrinApp()
+{
+    // Its window shows what is about to go.
+    m_frame.destroy();
+}
 
 ImportCoordinator::Services OvrinApp::importServices(const Folders& folders)
 {
@@ -106,7 +108,6 @@ LibraryWindow::Services OvrinApp::windowServices()
             m_pasteboard,
             m_desktop,
             m_flags,
-            m_appearance,
             DraftKeeper(m_store->folder() + QStringLiteral("/Unsaved.json")),
             QLocale(),
             &m_timers,
@@ -120,20 +121,10 @@ LibraryWindow::Services OvrinApp::windowServices()
 
 bool OvrinApp::openWindow()
 {
-    QQmlComponent component(&m_engine, mainWindowUrl());
-    if (!component.isReady()) {
-        qCritical("%s", qPrintable(component.errorString()));
+    if (!m_frame.open())
         return false;
-    }
-    m_window.reset(
-        component.createWithInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&m_model)}}));
-    auto* const window = qobject_cast<QQuickWindow*>(m_window.get());
-    if (!window)
-        return false;
-    m_place = std::make_unique<WindowPlace>(*window, m_settings, QStringLiteral("libraryWindow"));
-    watchInbox(*window);
-    window->show();
-    window->requestActivate();
+    m_frame.fill(m_model);
+    watchInbox(*m_frame.window());
     return true;
 }
 
@@ -154,7 +145,7 @@ void OvrinApp::watchInbox(QWindow& window)
 
 void OvrinApp::bringForward(const ActivationToken& token)
 {
-    if (auto* const window = qobject_cast<QQuickWindow*>(m_window.get()))
+    if (QQuickWindow* const window = m_frame.window())
         ovrin::bringForward(*window, token);
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "app/Groceries.h"
+#include "app/WindowFrame.h"
 #include "cooking/CookTimers.h"
 #include "cooking/NotificationPresenter.h"
 #include "import/ImportCoordinator.h"
 #include "import/InboxWatch.h"
-#include "platform/desktop/PortalAppearance.h"
 #include "platform/desktop/QtDesktopActions.h"
 #include "platform/desktop/QtPasteboard.h"
 #include "platform/desktop/SettingsFlags.h"
@@ -18,16 +18,11 @@
 #include "ui/images/RecipePhotos.h"
 #include "ui/library/LibraryWindow.h"
 
-#include <QtCore/QSettings>
-#include <QtQml/QQmlEngine>
-
 QT_BEGIN_NAMESPACE
 class QWindow;
 QT_END_NAMESPACE
 
 namespace ovrin {
-
-class WindowPlace;
 
 /// The running application: makes the services, hands them over, opens the library window.
 class OvrinApp : public QObject
@@ -50,13 +45,14 @@ public:
     /// The folder of the library; the usual one unless another is wanted.
     static QString libraryFolder(const QString& wanted);
 
-    /// `store` is open; `engine` shows the windows and outlives this. Made once, on the main thread.
-    OvrinApp(std::unique_ptr<RecipeStore> store, const Folders& folders, QQmlEngine& engine);
+    /// `store` is open; `frame` is the library's window, open or not yet, and outlives this. Made once, on
+    /// the main thread.
+    OvrinApp(std::unique_ptr<RecipeStore> store, const Folders& folders, WindowFrame& frame);
     ~OvrinApp() override;
 
     /// False when the window cannot be made, which only a broken installation brings about.
     bool openWindow();
-    bool hasWindow() const { return m_window != nullptr; }
+    bool hasWindow() const { return m_frame.window() != nullptr; }
     /// Something to tell the user once the window stands.
     void say(const QString& message) { m_model.say(message); }
     /// Raises the library window, which is shown again when it was closed, as while only a cook window is
@@ -71,7 +67,7 @@ private:
     LibraryWindow::Services windowServices();
     void watchInbox(QWindow& window);
 
-    QSettings m_settings;
+    WindowFrame& m_frame;
     std::unique_ptr<RecipeStore> m_store;
     PageImport m_pages;
     DocumentImport m_documents;
@@ -85,16 +81,12 @@ private:
     DesktopChime m_chime;
     Groceries m_groceries;
 
-    SettingsFlags m_flags{m_settings};
-    PortalAppearance m_appearance;
+    SettingsFlags m_flags;
     QtPasteboard m_pasteboard;
     QtDesktopActions m_desktop;
     RecipePhotos m_photos;
     DraftPhotos m_draftPhotos;
     LibraryWindow m_model;
-    QQmlEngine& m_engine;
-    std::unique_ptr<QObject> m_window;
-    std::unique_ptr<WindowPlace> m_place;
     CookWindows m_cookWindows;
 };
 

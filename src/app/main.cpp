@@ -1,12 +1,15 @@
 #include "app/CommandLine.h"
 #include "app/OvrinApp.h"
 #include "app/StoreProblem.h"
+#include "app/WindowFrame.h"
 #include "platform/instance/HandOver.h"
 #include "platform/instance/LibraryName.h"
 #include "platform/instance/RunningInstance.h"
 #include "ui/Views.h"
 
 #include <QtCore/QDir>
+#include <QtCore/QEventLoop>
+#include <QtCore/QFutureWatcher>
 #include <QtCore/QProcess>
 #include <QtCore/QTimer>
 #include <QtDBus/QDBusConnection>
@@ -47,6 +50,18 @@ RecipeStore::Opening beginOpening(const CommandLine& line)
     options.folder = OvrinApp::libraryFolder(line.store());
     options.locale = QLocale();
     return RecipeStore::beginOpening(std::move(options));
+}
+
+/// The window lives meanwhile. Not for a library that is there already: it is to come with the first frame.
+void waitFor(const RecipeStore::Opening& opening)
+{
+    if (opening.isReady.isFinished())
+        return;
+    QEventLoop loop;
+    QFutureWatcher<void> watcher;
+    QObject::connect(&watcher, &QFutureWatcher<void>::finished, &loop, &QEventLoop::quit);
+    watcher.setFuture(opening.isReady);
+    loop.exec();
 }
 
 /// What can be done before anything of a window is made.
@@ -115,8 +130,20 @@ int main(int argc, char** argv)
     if (!takesLibrary(instance, line, beginning.handOver != HandOver::NoAnswer))
         return 0;
 
-    RecipeStore::Opened opened = (beginning.opening ? beginning.opening : beginOpening(line))();
+    const RecipeStore::Opening opening = beginning.opening.opened ? beginning.opening : beginOpening(line);
+    WindowFrame frame(engine);
+    if (!line.isService() && !frame.open())
+        return 1;
+    QList<StartRequest> early;
+    const auto waiting = QObject::connect(&instance, &RunningInstance::requested, &instance,
+                                          [&early](const StartRequest& request) { early.append(request); });
+    waitFor(opening);
+    RecipeStore::Opened opened = opening.opened();
     if (!opened.store) {
+        // One window gives way to the other; the program does not end between them.
+        QGuiApplication::setQuitOnLastWindowClosed(false);
+        frame.destroy();
+        QGuiApplication::setQuitOnLastWindowClosed(true);
         std::fprintf(stderr, "Couldn't open the recipe library: %s\n", qPrintable(opened.error));
         const auto other = askForAnotherLibrary(OvrinApp::libraryFolder(line.store()), opened.error);
         // A start of its own, so that what holds for one library holds for the other.
@@ -124,15 +151,20 @@ int main(int argc, char** argv)
                                                                 {QStringLiteral("--store"), *other});
         return isStarted ? 0 : 1;
     }
-    OvrinApp app(std::move(opened.store), OvrinApp::Folders::usual(line.store()), engine);
+    // Closed before there was anything to see.
+    if (!line.isService() && !frame.window()->isVisible() && early.isEmpty())
+        return 0;
+    OvrinApp app(std::move(opened.store), OvrinApp::Folders::usual(line.store()), frame);
     if (!opened.notice.isEmpty())
         app.say(opened.notice);
-    QObject::connect(&instance, &RunningInstance::requested, &app, [&app](const StartRequest& request) {
+    const auto answer = [&app](const StartRequest& request) {
         if (!app.hasWindow() && !app.openWindow())
             return QCoreApplication::exit(1);
         app.bringForward(request.token);
         app.serve(request);
-    });
+    };
+    QObject::disconnect(waiting);
+    QObject::connect(&instance, &RunningInstance::requested, &app, answer);
     if (line.isService()) {
         QTimer::singleShot(serviceIdle, &app, [&app] {
             if (!app.hasWindow())
@@ -143,5 +175,7 @@ int main(int argc, char** argv)
     } else {
         return 1;
     }
+    for (const StartRequest& request : early)
+        answer(request);
     return QGuiApplication::exec();
 }

@@ -5,6 +5,9 @@
 #include "model/store/Sqlite.h"
 #include "model/store/StoreWriter.h"
 
+#include <QtCore/QPromise>
+#include <QtCore/QScopeGuard>
+
 #include <algorithm>
 #include <future>
 
@@ -72,14 +75,19 @@ RecipeStore::RecipeStore(Options options, Listing listing)
 
 RecipeStore::Opened RecipeStore::open(Options options)
 {
-    return beginOpening(std::move(options))();
+    return beginOpening(std::move(options)).opened();
 }
 
 RecipeStore::Opening RecipeStore::beginOpening(Options options)
 {
-    const auto opening = std::make_shared<std::future<Listing>>(
-        std::async(std::launch::async, [options] { return list(options); }));
-    return [options = std::move(options), opening]() -> Opened {
+    const auto ready = std::make_shared<QPromise<void>>();
+    ready->start();
+    const QFuture<void> isReady = ready->future();
+    const auto opening = std::make_shared<std::future<Listing>>(std::async(std::launch::async, [=] {
+        const auto tell = qScopeGuard([&] { ready->finish(); });
+        return list(options);
+    }));
+    const auto opened = [options = std::move(options), opening]() -> Opened {
         try {
             Listing listing = opening->get();
             const QString notice = listing.file.notice;
@@ -90,6 +98,7 @@ RecipeStore::Opening RecipeStore::beginOpening(Options options)
             return {nullptr, error.description(), {}};
         }
     };
+    return {isReady, opened};
 }
 
 RecipeStore::~RecipeStore()

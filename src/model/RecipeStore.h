@@ -68,9 +68,14 @@ public:
         QString notice;
     };
     static Opened open(Options options);
-    /// Begins to open on a thread of its own. The function given waits for that and is called once, on the
-    /// thread that the store is to live on.
-    using Opening = std::function<Opened()>;
+    /// A library that is being opened on a thread of its own.
+    struct Opening
+    {
+        /// Finished when `opened` need not wait any more.
+        QFuture<void> isReady = {};
+        /// Called once, on the thread that the store is to live on.
+        std::function<Opened()> opened = {};
+    };
     static Opening beginOpening(Options options);
     /// Returns when everything changed so far is on the disk.
     ~RecipeStore() override;

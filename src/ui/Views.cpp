@@ -27,9 +27,12 @@ void addModule(QQmlEngine& engine)
 void beginViews(QQmlEngine& engine)
 {
     addModule(engine);
-    auto* const window = new QQmlComponent(&engine, mainWindowUrl(), QQmlComponent::Asynchronous, &engine);
-    // What has been read stays with the engine.
-    QObject::connect(window, &QQmlComponent::statusChanged, window, &QObject::deleteLater);
+    for (const char* file : {"MainWindow", "ContentView"}) {
+        const QUrl url(QStringLiteral("qrc:/Ovrin/library/%1.qml").arg(QLatin1String(file)));
+        auto* const view = new QQmlComponent(&engine, url, QQmlComponent::Asynchronous, &engine);
+        // What has been read stays with the engine.
+        QObject::connect(view, &QQmlComponent::statusChanged, view, &QObject::deleteLater);
+    }
 }
 
 void prepareViews(QQmlEngine& engine)

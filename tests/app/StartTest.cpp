@@ -1,6 +1,8 @@
 #include "app/support/ProgramTest.h"
 #include "helpers/document/Pdfs.h"
+#include "model/store/Sqlite.h"
 
+#include <QtCore/QDir>
 #include <QtCore/QFile>
 
 using namespace ovrin;
@@ -42,6 +44,26 @@ TEST_F(StartTest, aFileFromOutsideOpensTheLibraryWindowBesideACookWindow)
     EXPECT_TRUE(find(u"This file holds several recipes, and this is the first one. Check the ingredients and "
                      "steps, then save."_qs));
     EXPECT_EQ(reader.text(find(u"Title"_qs, u"Review Import"_qs).value_or(Accessible())), u"Green Sauce"_qs);
+}
+
+TEST_F(StartTest, theWindowStandsAndHearsOfFilesBeforeTheLibraryIsRead)
+{
+    const QString library = desktop.folder(u"data/ovrin"_qs);
+    ASSERT_TRUE(QDir().mkpath(library));
+    std::optional<sqlite::Connection> other(std::in_place, library + u"/Library.sqlite"_qs,
+                                            sqlite::Connection::Mode::Create);
+    other->execute("BEGIN EXCLUSIVE");
+    start();
+    ASSERT_TRUE(appears(u"Ovrin"_qs));
+    EXPECT_FALSE(find(u"Recipes"_qs));
+    QFile file(desktop.folder(u"sauces.pdf"_qs));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(sauces()) > 0);
+    file.close();
+    EXPECT_EQ(startAgain({file.fileName()}), 0);
+    seen = reader.everything();
+    EXPECT_FALSE(find(u"Recipes"_qs));
+    other.reset();
+    EXPECT_TRUE(appears(u"Review Import"_qs)) << "what was asked for meanwhile";
 }
 
 TEST_F(StartTest, theWindowComesBackInTheSizeInWhichItWasLeft)

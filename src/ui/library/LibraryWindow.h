@@ -26,7 +26,6 @@ class LibraryWindow : public QObject
     Q_OBJECT
     QML_NAMED_ELEMENT(LibraryWindow)
     QML_UNCREATABLE("made by the application")
-    Q_PROPERTY(ovrin::Appearance* appearance READ appearance CONSTANT)
     Q_PROPERTY(ovrin::LibraryModel* library READ library CONSTANT)
     Q_PROPERTY(ovrin::RecipeViewModel* recipe READ recipe CONSTANT)
     Q_PROPERTY(ovrin::EditorModel* editor READ editor CONSTANT)
@@ -59,7 +58,6 @@ public:
         Pasteboard& pasteboard;
         DesktopActions& desktop;
         FlagStore& flags;
-        Appearance& appearance;
         DraftKeeper drafts;
         QLocale locale;
         /// Null until there are timers; times are then plain words.
@@ -75,7 +73,6 @@ public:
     explicit LibraryWindow(Services services, QObject* parent = nullptr);
     ~LibraryWindow() override;
 
-    Appearance* appearance() const { return &m_services.appearance; }
     LibraryModel* library() { return &m_library; }
     RecipeViewModel* recipe() { return &m_recipe; }
     EditorModel* editor() { return &m_editor; }

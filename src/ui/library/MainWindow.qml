@@ -5,22 +5,33 @@ import Ovrin
 Window {
     id: window
 
-    required property LibraryWindow model
+    required property Appearance appearance
+    // Comes when the library has been read.
+    property LibraryWindow model: null
+    // Of no type that would have its file read for the first frame.
+    readonly property var content: contents.item
 
     width: 1180
     height: 820
     minimumWidth: 640
     minimumHeight: 480
-    title: model.recipe.isShown ? qsTr("%1 — Ovrin").arg(model.recipe.title) : qsTr("Ovrin")
+    title: model && model.recipe.isShown ? qsTr("%1 — Ovrin").arg(model.recipe.title) : qsTr("Ovrin")
     color: Theme.background
 
-    Binding { target: Theme; property: "dark"; value: window.model.appearance.dark }
-    Binding { target: Theme; property: "reducedMotion"; value: window.model.appearance.reducedMotion }
-    Binding { target: Theme; property: "textScale"; value: window.model.appearance.textScale }
+    Binding { target: Theme; property: "dark"; value: window.appearance.dark }
+    Binding { target: Theme; property: "reducedMotion"; value: window.appearance.reducedMotion }
+    Binding { target: Theme; property: "textScale"; value: window.appearance.textScale }
 
-    onActiveChanged: if (active) model.becomeActive()
+    onModelChanged: {
+        if (!model)
+            return
+        contents.setSource("ContentView.qml", {model: model})
+        if (active)
+            model.becomeActive()
+    }
+    onActiveChanged: if (active && model) model.becomeActive()
     onClosing: close => {
-        if (content.hasUnsavedWords) {
+        if (content && content.hasUnsavedWords) {
             close.accepted = false
             content.askToDiscard(() => window.close())
         }
@@ -30,6 +41,8 @@ Window {
         id: firstFrame
         target: window
         function onFrameSwapped() {
+            if (!window.content)
+                return
             firstFrame.enabled = false
             readAhead.start()
         }
@@ -44,12 +57,20 @@ Window {
                      page => Qt.createComponent(page, Component.Asynchronous, window))
     }
 
-    ContentView {
-        id: content
+    SidebarSurface {
+        visible: !contents.item
+        height: parent.height
+        isFolded: window.width < Theme.sidebarFoldsBelow
+        LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+    }
+    Loader {
+        id: contents
         anchors.fill: parent
-        model: window.model
         focus: true
-        onCloseRequested: window.close()
-        onQuitRequested: hasUnsavedWords ? askToDiscard(Qt.quit) : Qt.quit()
+    }
+    Connections {
+        target: window.content
+        function onCloseRequested() { window.close() }
+        function onQuitRequested() { window.content.hasUnsavedWords ? window.content.askToDiscard(Qt.quit) : Qt.quit() }
     }
 }

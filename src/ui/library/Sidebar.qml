@@ -8,18 +8,9 @@ FocusScope {
     required property LibraryWindow model
     property bool isFolded: false
 
-    width: isFolded ? Theme.sidebarFolded : Math.max(Theme.sidebarMinimum, Theme.sidebarIdeal)
+    width: surface.width
 
-    Rectangle {
-        anchors.fill: parent
-        color: Theme.sidebar
-        Rectangle {
-            anchors.right: parent.right
-            width: Theme.hairline
-            height: parent.height
-            color: Theme.line
-        }
-    }
+    SidebarSurface { id: surface; height: parent.height; isFolded: sidebar.isFolded }
     PlainText {
         id: brand
         visible: !sidebar.isFolded

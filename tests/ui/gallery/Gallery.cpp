@@ -231,7 +231,7 @@ void shoot(const CookScene& scene, int width, bool dark, const QList<QByteArray>
     fixture.prepare(engine);
     QQmlComponent theme(&engine, mainWindowUrl());
     const std::unique_ptr<QObject> library(
-        theme.createWithInitialProperties({{u"model"_qs, QVariant::fromValue(model.get())}}));
+        theme.createWithInitialProperties(fixture.windowProperties(*model)));
     CookWindows windows({engine, fixture.library.store(), fixture.photos, fixture.timers, {}});
     QQuickWindow* const window = windows.open(id);
     window->resize(sizeFor(width));
@@ -270,7 +270,7 @@ void shoot(const Scene& scene, int width, bool dark, const QList<QByteArray>& ph
     if (!component.isReady())
         qFatal("%s", qPrintable(component.errorString()));
     const std::unique_ptr<QObject> root(
-        component.createWithInitialProperties({{u"model"_qs, QVariant::fromValue(model.get())}}));
+        component.createWithInitialProperties(fixture.windowProperties(*model)));
     auto* const window = qobject_cast<QQuickWindow*>(root.get());
     if (!window)
         qFatal("%s", qPrintable(component.errorString()));

@@ -42,7 +42,7 @@ protected:
         fixture.prepare(*engine);
         QQmlComponent component(engine.get(), mainWindowUrl());
         ASSERT_TRUE(component.isReady()) << qPrintable(component.errorString());
-        root.reset(component.createWithInitialProperties({{u"model"_qs, QVariant::fromValue(model.get())}}));
+        root.reset(component.createWithInitialProperties(fixture.windowProperties(*model)));
         window = qobject_cast<QQuickWindow*>(root.get());
         ASSERT_TRUE(window);
         window->resize(width, height);

@@ -47,9 +47,16 @@ public:
     {
         return std::make_unique<LibraryWindow>(LibraryWindow::Services{
             library.store(), importer, photoMaker, photos, draftPhotos, pasteboard, desktop, flags,
-            appearance, DraftKeeper(library.path(QStringLiteral("kept.json"))), QLocale::c(), &timers,
+            DraftKeeper(library.path(QStringLiteral("kept.json"))), QLocale::c(), &timers,
             [this](QUuid recipe) { cooked.append(recipe); },
             [this](QStringList lines, QString) { return addGroceries(lines); }, true, true});
+    }
+
+    /// What the main window is made with.
+    QVariantMap windowProperties(LibraryWindow& model)
+    {
+        return {{QStringLiteral("appearance"), QVariant::fromValue(&appearance)},
+                {QStringLiteral("model"), QVariant::fromValue(&model)}};
     }
 
     void prepare(QQmlEngine& engine) { prepareViews(engine, photos, draftPhotos); }
