@@ -135,6 +135,11 @@ void Sheet::paragraph(const QString& text, const Style& style)
         const double room = width - inset;
         double left = m_frames[m_frame].left + style.indent + inset;
         left += style.centred ? (room - natural) / 2 : 0;
+        if (style.tracking > 0) {
+            setSpaced(lines[i], {left, m_y + style.size}, style);
+            m_y += height;
+            continue;
+        }
         QFont own = face;
         const auto spaces = lines[i].count(u' ');
         if (m_style.justified && style.mayJustify && i + 1 < lines.size() && spaces > 2) {
@@ -144,6 +149,17 @@ void Sheet::paragraph(const QString& text, const Style& style)
         m_y += height;
     }
     m_y += style.after * style.size;
+}
+
+void Sheet::setSpaced(const QString& text, QPointF place, const Style& style)
+{
+    // A letter at a time: Qt stretches the space between letters in a PDF.
+    const QFont face = font(style.size, style.bold);
+    const QFontMetricsF metrics(face);
+    for (const QChar letter : text) {
+        m_placed.append({m_page, place, letter, face});
+        place.rx() += metrics.horizontalAdvance(letter) / unitsPerPoint + style.tracking * style.size;
+    }
 }
 
 void Sheet::at(double left, const QString& text, double size, bool bold, bool toTheLeft)

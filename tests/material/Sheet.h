@@ -115,6 +115,7 @@ private:
     double bottom() const;
     void nextFrame();
     QStringList broken(const QString& text, const QFont& font, const Style& style) const;
+    void setSpaced(const QString& text, QPointF place, const Style& style);
 
     QList<Placed> m_placed;
     QList<Shape> m_shapes;

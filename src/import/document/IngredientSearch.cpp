@@ -219,6 +219,11 @@ qsizetype IngredientSearch::methodAbove(LineRange list) const
     return first;
 }
 
+bool IngredientSearch::hasSteps() const
+{
+    return std::any_of(m_isStep.begin(), m_isStep.end(), std::identity());
+}
+
 qsizetype IngredientSearch::listEnd() const
 {
     for (qsizetype i = 1; i < m_lines.size(); ++i) {
@@ -435,8 +440,7 @@ LineRange IngredientSearch::list() const
     if (!found.isEmpty()) {
         return widened(found, false);
     }
-    const bool hasSteps = std::any_of(m_isStep.begin(), m_isStep.end(), std::identity());
-    const LineRange column = hasSteps ? shortLinedColumn() : LineRange();
+    const LineRange column = hasSteps() ? shortLinedColumn() : LineRange();
     if (!column.isEmpty()) {
         return column;
     }

@@ -31,6 +31,10 @@ public:
     /// Whether some stretch of the lines from `begin` on is like a list by its amounts.
     bool hasList(qsizetype begin) const { return !run(begin).isEmpty(); }
 
+    /// Whether directions are counted up in front.
+    bool hasNumberedSteps() const { return m_firstNumber < m_lines.size(); }
+    /// Whether any line is like a direction.
+    bool hasSteps() const;
     /// Where, in a list that begins at `begin` and that no heading ends, the directions begin.
     qsizetype directionsBegin(qsizetype begin) const;
     /// Where the method begins that stands in front of `list` and not behind it; `list.begin` when it does

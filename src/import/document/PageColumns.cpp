@@ -2,8 +2,10 @@
 
 #include "import/document/LineShape.h"
 #include "import/document/RecipeFacts.h"
+#include "import/document/RecipeSections.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <tuple>
 
@@ -86,6 +88,10 @@ public:
                 lines[i].columnRight = right;
             }
             return lines;
+        }
+        const qsizetype heading = depth < deepest ? headingAcross(lines, band) : 0;
+        if (heading > 0) {
+            return ordered(lines.first(heading), depth + 1) + ordered(lines.sliced(heading), depth + 1);
         }
         QList<TextLine> left;
         QList<TextLine> right;
@@ -189,6 +195,42 @@ private:
                 return i;
             }
             bottom = std::max(bottom, place.bottom());
+        }
+        return 0;
+    }
+
+    /// The first heading inside the band that has nothing beside it and both columns going on at one height
+    /// below it: what stands below it, in either column, belongs to it. 0 where there is none.
+    qsizetype headingAcross(const QList<TextLine>& lines, const Band& band) const
+    {
+        struct Side
+        {
+            qsizetype above = 0;
+            qsizetype below = 0;
+            double top = 0;
+        };
+        for (qsizetype i = band.begin + 1; i < band.end; ++i) {
+            const QRectF& place = lines[i].place;
+            if (headingOf(lines[i].text).kind == HeadingKind::None) {
+                continue;
+            }
+            std::array<Side, 2> sides;
+            bool isAlone = true;
+            for (qsizetype k = band.begin; k < band.end && isAlone; ++k) {
+                const QRectF& other = lines[k].place;
+                Side& side = sides.at(other.center().x() < band.middle() ? 0 : 1);
+                isAlone = k == i || other.bottom() <= place.top() + 0.2 * m_height ||
+                          other.top() >= place.bottom() - 0.2 * m_height;
+                if (k < i) {
+                    ++side.above;
+                } else if (k > i && side.below++ == 0) {
+                    side.top = other.top();
+                }
+            }
+            if (isAlone && sides[0].above > 0 && sides[1].above > 0 && sides[0].below > 0 &&
+                sides[1].below > 0 && std::abs(sides[0].top - sides[1].top) < 0.6 * m_height) {
+                return i;
+            }
         }
         return 0;
     }

@@ -149,11 +149,23 @@ bool RecipeFacts::readSegment(const QString& segment)
     if (mayBeStrict && RecipeTextParser::metadata(text, m_draft)) {
         return true;
     }
+    // Labels in one row above their values in the next.
+    if (!m_awaited.isEmpty() && isBareLabel(text)) {
+        return readLabelled(text);
+    }
     if (!m_awaited.isEmpty() && text.size() < longestYield && store(m_awaited.first(), text, true)) {
         m_awaited.removeFirst();
         return true;
     }
     return readLabelled(text) || readBare(text);
+}
+
+bool RecipeFacts::isBareLabel(const QString& text)
+{
+    return std::any_of(labels().begin(), labels().end(), [&](const Label& label) {
+        const auto match = label.form.match(text);
+        return match.hasMatch() && match.captured(2).trimmed().isEmpty();
+    });
 }
 
 bool RecipeFacts::readLabelled(const QString& text)

@@ -27,6 +27,7 @@ private:
 
     static const QList<Label>& labels();
     bool readSegment(const QString& segment);
+    static bool isBareLabel(const QString& text);
     bool readLabelled(const QString& segment);
     bool readBare(const QString& segment);
     bool store(Kind kind, const QString& value, bool afterColon);

@@ -5,6 +5,7 @@
 #include "import/document/RecipeSections.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace ovrin {
 
@@ -173,9 +174,46 @@ qsizetype methodEnd(const QList<TextLine>& lines)
     return lines.size();
 }
 
-} // namespace
+/// Where behind the last step smaller type begins: an introduction or a note at the page's foot.
+qsizetype smallTypeBegin(const QList<TextLine>& lines)
+{
+    std::vector<double> heights;
+    for (const TextLine& line : lines) {
+        heights.push_back(line.relativeHeight);
+    }
+    const auto middle = heights.begin() + static_cast<std::ptrdiff_t>(heights.size() / 2);
+    std::nth_element(heights.begin(), middle, heights.end());
+    constexpr double smaller = 0.92;
+    qsizetype begin = lines.size();
+    while (begin > 0 && lines[begin - 1].relativeHeight < smaller * *middle) {
+        --begin;
+    }
+    return begin;
+}
 
-RecipeOutline outline(const QList<TextLine>& lines)
+/// Directions without a heading: behind the list, or above it, as beside a list at the page's edge.
+void findDirections(RecipeOutline& result)
+{
+    const bool mayStandAbove =
+        IngredientSearch(result.head).hasNumberedSteps() || !IngredientSearch(result.ingredients).hasSteps();
+    if (mayStandAbove) {
+        const QList<TextLine> both = result.head + result.ingredients;
+        const qsizetype method = IngredientSearch(both).methodAbove({result.head.size(), both.size()});
+        if (method < result.head.size()) {
+            result.directions = result.head.sliced(method);
+            result.head = result.head.first(method);
+            return;
+        }
+    }
+    const qsizetype split = IngredientSearch(result.ingredients).directionsBegin(0);
+    result.directions = result.ingredients.sliced(split);
+    result.ingredients = result.ingredients.first(split);
+    const qsizetype next = IngredientSearch(result.directions).furtherRecipe(1);
+    result.hasMoreRecipes = result.hasMoreRecipes || next < result.directions.size();
+    result.directions = result.directions.first(std::min(next, result.directions.size()));
+}
+
+RecipeOutline wholeOutline(const QList<TextLine>& lines)
 {
     const QList<Section> all = sectionsOf(lines);
     const auto has = [&](HeadingKind kind) {
@@ -191,12 +229,7 @@ RecipeOutline outline(const QList<TextLine>& lines)
     }
     RecipeOutline result = firstRecipe(all);
     if (result.directions.isEmpty()) {
-        const qsizetype split = IngredientSearch(result.ingredients).directionsBegin(0);
-        result.directions = result.ingredients.sliced(split);
-        result.ingredients = result.ingredients.first(split);
-        const qsizetype next = IngredientSearch(result.directions).furtherRecipe(1);
-        result.hasMoreRecipes = result.hasMoreRecipes || next < result.directions.size();
-        result.directions = result.directions.first(std::min(next, result.directions.size()));
+        findDirections(result);
     } else if (result.ingredients.isEmpty()) {
         const LineRange list = IngredientSearch(result.head).listAboveMethod();
         result.ingredients = result.head.sliced(list.begin, list.size());
@@ -206,7 +239,18 @@ RecipeOutline outline(const QList<TextLine>& lines)
         result.head += result.ingredients.sliced(end);
         result.ingredients = result.ingredients.first(end);
     }
-    const qsizetype end = methodEnd(result.directions);
+    return result;
+}
+
+} // namespace
+
+RecipeOutline outline(const QList<TextLine>& lines)
+{
+    RecipeOutline result = wholeOutline(lines);
+    qsizetype end = methodEnd(result.directions);
+    if (!IngredientSearch(result.directions).hasNumberedSteps()) {
+        end = std::min(end, smallTypeBegin(result.directions));
+    }
     result.head += result.directions.sliced(end);
     result.directions = result.directions.first(end);
     return result;

@@ -14,12 +14,15 @@ namespace ovrin {
 
 Heading headingOf(const QString& line)
 {
-    static const QRegularExpression spaced(QStringLiteral("^(?:\\p{L} ){3,}\\p{L}:?$"),
-                                           QRegularExpression::UseUnicodePropertiesOption);
     static const QRegularExpression ornament(QStringLiteral("^[^\\p{L}]+"),
                                              QRegularExpression::UseUnicodePropertiesOption);
     constexpr qsizetype longestHeading = 48;
-    QString text = spaced.match(line).hasMatch() ? QString(line).remove(u' ') : line;
+    static const QRegularExpression lead(
+        QStringLiteral(
+            "^(?:and|und|et|y|e|en|i|och|og|"
+            "(?:for|für|pour|para|per|voor|dla|för|til) \\d{1,2}(?:[–-]\\d{1,2})?(?: \\p{L}+)?,?) $"),
+        QRegularExpression::UseUnicodePropertiesOption | QRegularExpression::CaseInsensitiveOption);
+    QString text = line;
     if (LineShape::startsWithAmount(text) || LineShape::hasBullet(text)) {
         return {};
     }
@@ -36,6 +39,16 @@ Heading headingOf(const QString& line)
                                Table{HeadingKind::Directions, RecipeWords::directionHeadings()},
                                Table{HeadingKind::Other, RecipeWords::otherHeadings()}}) {
         for (const QString& word : table.words) {
+            // With space between its letters, which come in any portions ("IN GRED IEN T S").
+            if (text.contains(u' ') && LineShape::isAllCapitals(text) &&
+                QString(text).remove(u' ').compare(QString(word).remove(u' '), Qt::CaseInsensitive) == 0) {
+                return {table.kind, {}};
+            }
+            // "And so it is made", "For 4 you will need".
+            if (text.endsWith(u' ' + word, Qt::CaseInsensitive) &&
+                lead.match(text.first(text.size() - word.size())).hasMatch()) {
+                return {table.kind, {}};
+            }
             if (!text.startsWith(word, Qt::CaseInsensitive)) {
                 continue;
             }
@@ -44,6 +57,10 @@ Heading headingOf(const QString& line)
             // "Zubereitung: Den Ofen heizen": the section begins on the heading's own line.
             if (rest.startsWith(u':') && !fact) {
                 return {table.kind, rest.mid(1).trimmed()};
+            }
+            // "Zutaten für 4 Personen".
+            if (!fact && text.size() <= longestHeading && RecipeFacts::isFact(rest)) {
+                return {table.kind, rest};
             }
             if (!fact && text.size() <= longestHeading &&
                 RecipeTextParser::isHeading(text.toLower(), {word})) {
@@ -95,6 +112,8 @@ private:
         int page = -1;
         double left = 0;
         double right = 0;
+        double top = 0;
+        double bottom = 0;
     };
 
     void add(const TextLine& line, bool jumps)
@@ -159,10 +178,12 @@ private:
         Column& column = m_columns[m_current];
         const QRectF& place = line.place;
         if (column.page != line.page) {
-            column = {line.page, place.left(), place.right()};
+            column = {line.page, place.left(), place.right(), place.top(), place.bottom()};
         } else {
             column.left = std::min(column.left, place.left());
             column.right = std::max(column.right, place.right());
+            column.top = std::min(column.top, place.top());
+            column.bottom = std::max(column.bottom, place.bottom());
         }
     }
 
@@ -177,9 +198,16 @@ private:
         if (shared(own) > 0) {
             return m_current;
         }
-        for (qsizetype i = m_sections.size() - 1; i > 0; --i) {
+        // What stands above all headings goes on where it may hold the method.
+        const bool hasMethod = std::any_of(m_sections.begin(), m_sections.end(), [](const Section& section) {
+            return section.kind == HeadingKind::Directions;
+        });
+        for (qsizetype i = m_sections.size() - 1; i >= (hasMethod ? 1 : 0); --i) {
             const Column& column = m_columns[i];
-            const bool wasBeside = column.page == line.page - 1 || column.page == line.page;
+            // What ended above the heading at hand does not go on below it.
+            const bool isAbove =
+                column.page == line.page && own.page == line.page && column.bottom <= own.top;
+            const bool wasBeside = !isAbove && (column.page == line.page - 1 || column.page == line.page);
             if (wasBeside && shared(column) > 0.5 * line.place.width()) {
                 return i;
             }

@@ -49,6 +49,26 @@ void repairZeros(QList<TextLine>& lines)
     }
 }
 
+/// "① Peel" is "1. Peel".
+void spellCircledNumbers(QList<TextLine>& lines)
+{
+    struct Circles
+    {
+        char16_t first;
+        int count;
+    };
+    for (TextLine& line : lines) {
+        const char16_t sign = line.text.isEmpty() ? u' ' : line.text.front().unicode();
+        for (const Circles circles : {Circles{u'①', 20}, Circles{u'❶', 10}, Circles{u'➀', 10},
+                                      Circles{u'➊', 10}, Circles{u'⓵', 10}}) {
+            if (sign >= circles.first && sign < circles.first + circles.count) {
+                line.text =
+                    QStringLiteral("%1. %2").arg(sign - circles.first + 1).arg(line.text.mid(1).trimmed());
+            }
+        }
+    }
+}
+
 /// A large first letter stands apart from its word: "H eat the oven". A vowel may be a word of its own.
 void joinDropCaps(QList<TextLine>& lines)
 {
@@ -89,6 +109,7 @@ RecipeTextParser::Result RecipeTextParser::parseFirst(const QList<TextLine>& lin
     const QList<TextLine> considered = lines.first(std::min(lines.size(), mostLines));
     QList<TextLine> text = PageColumns::regrouped(PageFurniture::removed(considered));
     repairZeros(text);
+    spellCircledNumbers(text);
     joinDropCaps(text);
     RecipeOutline parts = outline(text);
     Result result;

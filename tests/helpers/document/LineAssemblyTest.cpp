@@ -52,6 +52,31 @@ TEST(LineAssembly, JoinsWordsThatOnlyAWideSpaceParts)
     EXPECT_TRUE(assembledLines({}).isEmpty());
 }
 
+TEST(LineAssembly, JoinsLettersWithSpaceBetweenThem)
+{
+    QList<documentreader::Run> letters;
+    double x = 50;
+    for (const QChar letter : QStringLiteral("RED SOUP")) {
+        if (letter != u' ') {
+            letters.append({letter, {x, 0, 6, 10}});
+        }
+        x += 9;
+    }
+    letters.append(run("with beets", 50, 20, 60));
+    EXPECT_THAT(assembled(letters), UnorderedElementsAre("RED SOUP", "with beets"));
+    EXPECT_THAT(assembled({run("A", 50, 0, 6), run("B", 90, 0, 6)}), UnorderedElementsAre("A", "B"));
+}
+
+TEST(LineAssembly, PutsALargeFirstLetterBeforeItsWord)
+{
+    const documentreader::Run initial{QStringLiteral("H"), {50, 0, 20, 24}};
+    EXPECT_THAT(assembled({initial, run("eat the oil", 68, 0, 60), run("in a pot.", 72, 14, 50)}),
+                UnorderedElementsAre("Heat the oil", "in a pot."));
+    const documentreader::Run article{QStringLiteral("A"), {50, 0, 20, 24}};
+    EXPECT_THAT(assembled({article, run("large pot", 72, 0, 60)}), UnorderedElementsAre("A large pot"));
+    EXPECT_THAT(assembled({article, run("dd the oil", 72, 0, 60)}), UnorderedElementsAre("Add the oil"));
+}
+
 TEST(LineAssembly, TakesLigaturesApartAndNothingElse)
 {
     EXPECT_EQ(withoutLigatures(QString::fromUtf8("ﬀﬁﬂﬃﬄﬅﬆ ½ ℃ ①")),

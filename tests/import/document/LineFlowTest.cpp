@@ -144,6 +144,15 @@ INSTANTIATE_TEST_SUITE_P(Pages, RecipesWithoutHeadings, testing::Values(
         "3 Pour in the stock. Serve.\n",
         "2 carrots/1 l stock/Oil",
         "Heat the oil in a large pot./Add the carrots and let them simmer./Pour in the stock. Serve."},
+    RecipePage{"MethodBesideAListWithAHeading",
+        "Soup\n"
+        "\n"
+        "1 Heat the oil in a large pot.                    Ingredients\n"
+        "2 Add the carrots and let them                    2 carrots\n"
+        "  simmer.                                         A stock of bones and herbs, strained.\n"
+        "3 Pour in the stock. Serve.                       Oil\n",
+        "2 carrots/A stock of bones and herbs, strained./Oil",
+        "Heat the oil in a large pot./Add the carrots and let them simmer./Pour in the stock. Serve."},
     RecipePage{"ListWithoutAmountsInItsOwnColumn",
         "Soup\n"
         "\n"

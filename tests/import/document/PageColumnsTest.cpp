@@ -69,6 +69,18 @@ INSTANTIATE_TEST_SUITE_P(Pages, PageColumnsOf, testing::Values(
         "Cut the onion, the carrots and the leeks into small cubes.\n",
         "#1 onion/2 carrots/3 leeks/4 eggs/#1 lemon/Salt/Pepper/#Method/"
         "Cut the onion, the carrots and the leeks into small cubes."},
+    PageCase{"UnderHeadingsOneAfterTheOther",
+        "Ingredients\n"
+        "1 onion                 Salt\n"
+        "2 carrots               Pepper\n"
+        "3 leeks                 Oil\n"
+        "\n"
+        "Method\n"
+        "Cut the onion into      Boil everything\n"
+        "small cubes.            until it is soft.\n"
+        "Peel the carrots.       Eat it.\n",
+        "#Ingredients/1 onion/2 carrots/3 leeks/#Salt/Pepper/Oil/#Method/"
+        "Cut the onion into/small cubes./Peel the carrots./#Boil everything/until it is soft./Eat it."},
     PageCase{"OfThree",
         "1 onion           2 eggs            Cut it all.\n"
         "2 carrots         Milk              Boil it.\n"

@@ -241,11 +241,19 @@ Cook it down.
 TEST(RecipeTextParser, KnowsHeadingsInItsLanguages)
 {
     const std::pair<const char*, const char*> headings[] = {
-        {"Zutaten", "Zubereitung"},        {"Ingrédients", "Préparation"},
-        {"Ingredientes", "Elaboración"},   {"Ingredienti", "Procedimento"},
-        {"Ingrediënten", "Bereiding"},     {"Ingredientes", "Modo de preparo"},
-        {"Składniki", "Przygotowanie"},    {"Ingredienser", "Gör så här"},
-        {"Ingredienser", "Fremgangsmåde"}, {"I N G R E D I E N T S", "M E T H O D"},
+        {"Zutaten", "Zubereitung"},
+        {"Ingrédients", "Préparation"},
+        {"Ingredientes", "Elaboración"},
+        {"Ingredienti", "Procedimento"},
+        {"Ingrediënten", "Bereiding"},
+        {"Ingredientes", "Modo de preparo"},
+        {"Składniki", "Przygotowanie"},
+        {"Ingredienser", "Gör så här"},
+        {"Ingredienser", "Fremgangsmåde"},
+        {"I N G R E D I E N T S", "M E T H O D"},
+        {"For 4 you will need", "How to make it"},
+        {"IN GRED IEN T S", "D IREC T ION S"},
+        {"Zutaten für 4 Personen", "Und so wird’s gemacht"},
     };
     for (const auto& [list, method] : headings) {
         const auto draft = RecipeTextParser::parse(
@@ -253,6 +261,22 @@ TEST(RecipeTextParser, KnowsHeadingsInItsLanguages)
         EXPECT_THAT(texts(draft.ingredients), ElementsAre("abc", "def")) << list;
         EXPECT_THAT(stepTexts(draft), ElementsAre("Ghi jkl.")) << method;
     }
+}
+
+TEST(RecipeTextParser, TakesCircledNumbersOff)
+{
+    const auto draft = RecipeTextParser::parse(
+        page("# Soup\nIngredients\n2 eggs\nMethod\n① Boil the eggs.\n② Peel them.\n❸ Eat them."));
+    EXPECT_THAT(stepTexts(draft), ElementsAre("Boil the eggs.", "Peel them.", "Eat them."));
+}
+
+TEST(RecipeTextParser, TakesSmallTypeBehindTheMethodForNoStep)
+{
+    QList<TextLine> lines = page("# Soup\n2 eggs\n1 l stock\n3 carrots\n\nBoil the eggs and the carrots.\n"
+                                 "Add the stock and serve it hot.\n\nA soup for long evenings by the fire.");
+    lines.last().relativeHeight = 0.8;
+    EXPECT_THAT(stepTexts(RecipeTextParser::parse(lines)),
+                ElementsAre("Boil the eggs and the carrots.", "Add the stock and serve it hot."));
 }
 
 TEST(RecipeTextParser, LeavesOutWhatItCannotPlace)

@@ -74,6 +74,7 @@ TEST(TextParserRules, ReadFactsInTheFormsThatPagesUse)
          10,
          60,
          {}},
+        {{text("SERVINGS"), text("PREP TIME"), text("4"), text("10 min")}, text("4"), 10, {}, {}},
         {{text("Für 4 Personen"), text("Vorbereitungszeit: 1½ Std."), text("Kochzeit: 1 Std. 20 Min.")},
          text("Für 4 Personen"),
          90,

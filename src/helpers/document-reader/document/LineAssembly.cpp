@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <vector>
 
 namespace ovrin::documentreader {
 
@@ -111,10 +112,98 @@ bool belongsToCells(qsizetype right, const QList<Run>& runs, const QList<qsizety
     return cells > others && numbered * 3 <= cells;
 }
 
+bool isLetter(const Run& run)
+{
+    return run.text.size() == 1 && run.text.front().isLetter();
+}
+
+/// Words set with space between their letters ("S O U P"), which come a letter at a time, put together.
+QList<Run> withSpacedLettersJoined(const QList<Run>& runs)
+{
+    constexpr qsizetype leastLetters = 4;
+    constexpr double widestLetterSpace = 2.5;
+    const QList<qsizetype> neighbours = rightNeighbours(runs);
+    const auto follows = [&](qsizetype left) {
+        const qsizetype right = neighbours[left];
+        return right >= 0 && isLetter(runs[left]) && isLetter(runs[right]) &&
+               std::abs(runs[left].box.height() - runs[right].box.height()) < 0.2 * runs[left].box.height() &&
+               runs[right].box.left() - runs[left].box.right() < widestLetterSpace * runs[left].box.height();
+    };
+    QList<bool> isTail(runs.size(), false);
+    for (qsizetype left = 0; left < runs.size(); ++left) {
+        if (follows(left)) {
+            isTail[neighbours[left]] = true;
+        }
+    }
+    QList<bool> taken(runs.size(), false);
+    QList<Run> result;
+    for (qsizetype first = 0; first < runs.size(); ++first) {
+        if (isTail[first] || taken[first]) {
+            continue;
+        }
+        QList<qsizetype> chain{first};
+        while (follows(chain.last()) && !taken[neighbours[chain.last()]]) {
+            chain.append(neighbours[chain.last()]);
+            taken[chain.last()] = true;
+        }
+        if (chain.size() < leastLetters) {
+            for (const qsizetype i : chain) {
+                result.append(runs[i]);
+            }
+            continue;
+        }
+        QList<Run> letters;
+        Run word = runs[first];
+        for (const qsizetype i : chain) {
+            letters.append(runs[i]);
+            word.box |= runs[i].box;
+        }
+        word.text = spacedText(letters).value_or(word.text);
+        result.append(word);
+    }
+    return result;
+}
+
+/// A large first letter beside the lines that it begins, put in front of the first of them.
+QList<Run> withInitialsJoined(QList<Run> runs)
+{
+    constexpr double leastRise = 1.5;
+    for (qsizetype i = 0; i < runs.size(); ++i) {
+        const Run initial = runs[i];
+        if (!isLetter(initial) || !initial.text.front().isUpper()) {
+            continue;
+        }
+        qsizetype first = -1;
+        for (qsizetype j = 0; j < runs.size(); ++j) {
+            const QRectF& box = runs[j].box;
+            const double gap = box.left() - initial.box.right();
+            const bool isBeside = gap > -0.6 * box.height() && gap < 1.2 * box.height() &&
+                                  box.height() * leastRise < initial.box.height() &&
+                                  box.center().y() > initial.box.top() &&
+                                  box.center().y() < initial.box.bottom();
+            if (j != i && isBeside && (first < 0 || box.top() < runs[first].box.top())) {
+                first = j;
+            }
+        }
+        if (first < 0 || !runs[first].text.front().isLower()) {
+            continue;
+        }
+        // "A large pan": the letter is a word when what follows can begin one.
+        static const QRegularExpression ownWord(QStringLiteral("^[b-df-hj-np-tv-z][aeiou]\\p{L}"));
+        const bool isWord = initial.text == u"A" && ownWord.match(runs[first].text).hasMatch();
+        runs[first].text.prepend(isWord ? initial.text + u' ' : initial.text);
+        runs[first].box.setLeft(initial.box.left());
+        runs.removeAt(i);
+        --i;
+    }
+    return runs;
+}
+
 } // namespace
 
 QList<Run> assembledLines(QList<Run> runs)
 {
+    runs = withInitialsJoined(withSpacedLettersJoined(runs));
     const QList<qsizetype> neighbours = rightNeighbours(runs);
     QList<bool> joins(runs.size(), false);
     for (qsizetype left = 0; left < runs.size(); ++left) {
@@ -152,6 +241,43 @@ QList<Run> assembledLines(QList<Run> runs)
         lines.append(line);
     }
     return lines;
+}
+
+std::optional<QString> spacedText(const QList<Run>& letters)
+{
+    constexpr qsizetype leastLetters = 4;
+    constexpr double leastSpace = 0.1;
+    constexpr double wordSpace = 1.5;
+    if (letters.size() < leastLetters ||
+        std::count_if(letters.begin(), letters.end(), isLetter) * 4 < letters.size() * 3) {
+        return std::nullopt;
+    }
+    std::vector<double> gaps;
+    for (qsizetype i = 1; i < letters.size(); ++i) {
+        gaps.push_back(letters[i].box.left() - letters[i - 1].box.right());
+    }
+    std::vector<double> sorted = gaps;
+    std::sort(sorted.begin(), sorted.end());
+    // Above the usual gap the widest step from one to the next parts letters from words.
+    const std::size_t middle = (sorted.size() - 1) / 2;
+    if (sorted[middle] < leastSpace * letters.first().box.height()) {
+        return std::nullopt;
+    }
+    double widestLetterSpace = sorted.back();
+    double widestStep = 0;
+    for (std::size_t i = middle + 1; i < sorted.size(); ++i) {
+        const double step = sorted[i] - sorted[i - 1];
+        if (step > widestStep && sorted[i] > wordSpace * sorted[middle]) {
+            widestStep = step;
+            widestLetterSpace = sorted[i - 1];
+        }
+    }
+    QString text = letters.first().text;
+    for (qsizetype i = 1; i < letters.size(); ++i) {
+        const bool partsWords = gaps[static_cast<std::size_t>(i - 1)] > widestLetterSpace;
+        text += (partsWords ? QStringLiteral(" ") : QString()) + letters[i].text;
+    }
+    return text;
 }
 
 QString withoutLigatures(const QString& text)

@@ -2,6 +2,8 @@
 
 #include "reader/DocumentMessage.h"
 
+#include <optional>
+
 namespace ovrin::documentreader {
 
 /// A run of words that the text layer itself keeps together. Lengths are in points.
@@ -14,6 +16,10 @@ struct Run
 /// Puts together the runs that a person reads as one line: words that only a wide space parts, and a short
 /// cell of its own in front of a text (a step's number, an amount, a bullet). Columns stay apart.
 QList<Run> assembledLines(QList<Run> runs);
+
+/// The words of letters that are set apart from each other ("S O U P"), a run each, from left to right on one
+/// line. Nothing when they stand as close as letters do.
+std::optional<QString> spacedText(const QList<Run>& letters);
 
 /// Takes apart the ligatures U+FB00 to U+FB06 and changes nothing else.
 QString withoutLigatures(const QString& text);

@@ -19,6 +19,15 @@ constexpr qsizetype maximumWordsPerPage = 20000;
 
 using Words = std::vector<std::unique_ptr<Poppler::TextBox>>;
 
+/// A large first letter beside the lines that it begins: on the line of another than its own word.
+bool isInitial(const Poppler::TextBox& word)
+{
+    constexpr double leastRise = 1.5;
+    const Poppler::TextBox* const next = word.nextWord();
+    return next != nullptr && word.text().size() == 1 && word.text().front().isUpper() &&
+           word.boundingBox().height() > leastRise * next->boundingBox().height();
+}
+
 /// The words that follow `first` on its line. The height is that of the longest word: a sign from another
 /// font (a fraction, a bullet) may be much taller than the line's type.
 Run runFrom(const Poppler::TextBox* first)
@@ -26,20 +35,25 @@ Run runFrom(const Poppler::TextBox* first)
     Run run;
     QRectF tallness;
     qsizetype longest = 0;
+    QList<Run> pieces;
     for (const auto* word = first; word != nullptr && run.text.size() < reader::maximumLineLength;
          word = word->nextWord()) {
         const QRectF box = word->boundingBox();
         run.text += word->text();
         run.text += word->hasSpaceAfter() && word->nextWord() != nullptr ? QStringLiteral(" ") : QString();
         run.box |= box;
+        pieces.append({word->text(), box});
         if (word->text().size() > longest) {
             longest = word->text().size();
             tallness = box;
         }
+        if (isInitial(*word)) {
+            break;
+        }
     }
     run.box.setTop(tallness.top());
     run.box.setBottom(tallness.bottom());
-    run.text = withoutLigatures(run.text).trimmed();
+    run.text = withoutLigatures(spacedText(pieces).value_or(run.text)).trimmed();
     return run;
 }
 
@@ -47,7 +61,9 @@ QList<Run> runsOf(const Words& words)
 {
     QSet<const Poppler::TextBox*> followers;
     for (const auto& word : words) {
-        followers.insert(word->nextWord());
+        if (!isInitial(*word)) {
+            followers.insert(word->nextWord());
+        }
     }
     QList<Run> runs;
     for (const auto& word : words) {
