@@ -168,9 +168,15 @@ QList<Run> withSpacedLettersJoined(const QList<Run>& runs)
 QList<Run> withInitialsJoined(QList<Run> runs)
 {
     constexpr double leastRise = 1.5;
+    // No page is made of initials.
+    constexpr qsizetype mostInitials = 64;
+    const auto isInitial = [](const Run& run) { return isLetter(run) && run.text.front().isUpper(); };
+    if (std::count_if(runs.begin(), runs.end(), isInitial) > mostInitials) {
+        return runs;
+    }
     for (qsizetype i = 0; i < runs.size(); ++i) {
         const Run initial = runs[i];
-        if (!isLetter(initial) || !initial.text.front().isUpper()) {
+        if (!isInitial(initial)) {
             continue;
         }
         qsizetype first = -1;
