@@ -19,7 +19,9 @@ public:
         m_server.setProgram(QStringLiteral("Xvfb"));
         m_server.setArguments({QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
                                QStringLiteral("0"), QStringLiteral("1024x768x24"),
-                               QStringLiteral("-nolisten"), QStringLiteral("tcp")});
+                               QStringLiteral("-nolisten"), QStringLiteral("tcp"),
+                               // When its last client goes it would begin anew, and turn away who comes then.
+                               QStringLiteral("-noreset")});
         m_server.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
         m_server.start();
         while (!m_server.canReadLine() && m_server.waitForReadyRead(30'000)) {
