@@ -1,4 +1,5 @@
 #include "material/BookPages.h"
+#include "material/HeldOutThree.h"
 #include "material/HeldOutTwo.h"
 #include "material/Typesetter.h"
 
@@ -86,7 +87,8 @@ void set(const Named& one, const Recipe* next, const Target& target)
         }
     }
     for (const auto& [group, pages] : {std::pair(QStringLiteral("known"), &bookPages()),
-                                       {QStringLiteral("held-out-two"), &heldOutTwo()}}) {
+                                       {QStringLiteral("held-out-two"), &heldOutTwo()},
+                                       {QStringLiteral("held-out-three"), &heldOutThree()}}) {
         for (const SetPage& page : *pages) {
             if (wanted(page.name)) {
                 Sheet sheet(page.style);
@@ -130,8 +132,8 @@ int main(int argc, char** argv)
         parser.showHelp(2);
     }
     const Target target{parser.positionalArguments()[1], parser.value(layout), parser.isSet(pictures)};
-    for (const QString& group :
-         {QStringLiteral("known"), QStringLiteral("held-out"), QStringLiteral("held-out-two")}) {
+    for (const QString& group : {QStringLiteral("known"), QStringLiteral("held-out"),
+                                 QStringLiteral("held-out-two"), QStringLiteral("held-out-three")}) {
         target.folder.mkpath(group);
     }
     QList<Named> recipes;

@@ -39,7 +39,7 @@ def main():
     parser.add_argument("drafts")
     parser.add_argument("--show", type=int, default=0)
     parser.add_argument("--layout")
-    parser.add_argument("--set", help="only pages of this folder: known, held-out, held-out-two")
+    parser.add_argument("--set", help="only pages of this folder: known, held-out, held-out-two, held-out-three")
     parser.add_argument("--totals", action="store_true", help="the totals alone, nothing of single pages or layouts")
     args = parser.parse_args()
     totals = collections.defaultdict(lambda: [0] * 8)
