@@ -49,6 +49,13 @@ bool mayHaveJumped(const QList<TextLine>& lines, qsizetype i)
            lines[i].place.left() > lines[i - 1].place.right();
 }
 
+/// "Three eggs.", "A pinch of salt"
+bool beginsWithCount(const QString& text)
+{
+    return text.front().isUpper() && text.count(u' ') < 9 &&
+           RecipeWords::amountWords().contains(text.section(u' ', 0, 0).toLower());
+}
+
 bool opensGroup(const QString& text)
 {
     const QString lower = text.toLower();
@@ -176,7 +183,8 @@ LineRange IngredientSearch::run(qsizetype first) const
     // The last words of the introduction are short, as an ingredient is.
     while (!best.isEmpty() &&
            (continuesText(best.begin) || (!m_lines[best.begin].startsBlock && !isCertain(best.begin) &&
-                                          LineShape::endsSentence(m_lines[best.begin].text)))) {
+                                          LineShape::endsSentence(m_lines[best.begin].text) &&
+                                          !beginsWithCount(m_lines[best.begin].text)))) {
         ++best.begin;
     }
     return withoutIntroduction(best);
@@ -196,7 +204,7 @@ LineRange IngredientSearch::withoutIntroduction(LineRange run) const
         return run;
     }
     for (qsizetype i = run.begin; i < end; ++i) {
-        if (isCertain(i)) {
+        if (isCertain(i) || beginsWithCount(m_lines[i].text)) {
             return run;
         }
     }
@@ -405,6 +413,28 @@ LineRange IngredientSearch::shortLinedColumn() const
     return {};
 }
 
+/// Short lines, each of which ended early, right above the first of several directions.
+LineRange IngredientSearch::shortLinesAboveSteps() const
+{
+    constexpr qsizetype leastLines = 3;
+    const LineFlow flow(m_lines);
+    // In whatever type, the first line names the recipe.
+    qsizetype begin = 1;
+    for (qsizetype i = 1; i < m_lines.size(); ++i) {
+        if (isStep(i)) {
+            const auto steps =
+                std::count(m_isStep.begin() + static_cast<std::ptrdiff_t>(i), m_isStep.end(), true);
+            if (i - begin >= leastLines && steps > 1) {
+                return {begin, i};
+            }
+            begin = i + 1;
+        } else if (!mayBeListed(i) || (i + 1 < m_lines.size() && !flow.hadRoom(i + 1)) || continuesText(i)) {
+            begin = i + 1;
+        }
+    }
+    return {};
+}
+
 /// The block of mostly short lines that ends right before line `end`; empty when it holds other text.
 LineRange IngredientSearch::blockAbove(qsizetype end) const
 {
@@ -445,7 +475,11 @@ LineRange IngredientSearch::list() const
         return column;
     }
     const qsizetype step = firstNumberedStep(0);
-    return step < m_lines.size() ? widened(blockAbove(step), true) : shortLinedBlock();
+    if (step < m_lines.size()) {
+        return widened(blockAbove(step), true);
+    }
+    const LineRange block = shortLinedBlock();
+    return block.isEmpty() ? shortLinesAboveSteps() : block;
 }
 
 LineRange IngredientSearch::listAboveMethod() const

@@ -60,6 +60,7 @@ private:
     LineRange withoutIntroduction(LineRange run) const;
     LineRange shortLinedBlock() const;
     LineRange shortLinedColumn() const;
+    LineRange shortLinesAboveSteps() const;
     LineRange blockAbove(qsizetype end) const;
     qsizetype firstNumberedStep(qsizetype begin) const;
     qsizetype behindBullets(qsizetype begin) const;

@@ -43,11 +43,25 @@ bool hasUnitAfterAmount(const QString& text)
     return match.hasMatch() && RecipeWords::units().contains(match.captured(1).toLower());
 }
 
-/// "Flour: 200 g", "Sugar (1 cup)", "flour, 2 cups".
+/// "Flour: 200 g", "Sugar (1 cup)", "flour, 2 cups", "Milk: 250 ml | 1 cup".
 bool endsWithAmount(const QString& text)
 {
-    static const QRegularExpression amount = pattern(
-        u"(?:[:(–,-]|\\s{2,}|\\.{3,})\\s*[\\d½⅓⅔¼¾⅛⅜⅝⅞][\\d\\s.,/½⅓⅔¼¾⅛⅜⅝⅞–-]*\\s*[\\p{L}]{0,12}\\.?\\)?$");
+    static const QRegularExpression amount =
+        pattern(u"(?:[:(–,-]|\\s{2,}|\\.{3,})\\s*(?:[\\d½⅓⅔¼¾⅛⅜⅝⅞][\\d\\s.,½⅓⅔¼¾⅛⅜⅝⅞–-]*\\s*\\p{L}{0,12}\\.?"
+                u"\\s?[|/(]\\s?)?"
+                u"[\\d½⅓⅔¼¾⅛⅜⅝⅞][\\d\\s.,/½⅓⅔¼¾⅛⅜⅝⅞–-]*\\s*[\\p{L}]{0,12}\\.?\\)?$");
+    return amount.match(text).hasMatch();
+}
+
+/// "Half a pound of", "A quarter of a pound of", "Two table-spoonfuls of", as older books measure.
+bool spelledAmount(const QString& text)
+{
+    static const QRegularExpression amount =
+        pattern(u"^(?:\\p{L}+ ){0,2}(?:half|quarter|third|dozen|gills?|wine-?glass(?:es|fuls?)?|"
+                u"(?:table|tea|dessert|salt)?-?spoons?(?:fuls?)?|(?:tea-?)?cup(?:s|fuls?)|ounces?|pounds?|"
+                u"quarts?|pints?)(?: an?| of an?| the)?(?: (?:pound|ounce|pint|quart|gill|dozen|cup))?(?: "
+                u"of)? \\p{L}",
+                true);
     return amount.match(text).hasMatch();
 }
 
@@ -149,6 +163,7 @@ double LineShape::ingredientLikeness(const QString& raw)
         return -1;
     }
     double score = hasBullet(raw) ? 0.6 : 0;
+    bool spelled = false;
     if (isDurationOrTemperature(text)) {
         score -= 1;
     } else if (startsWithAmount(text)) {
@@ -160,12 +175,14 @@ double LineShape::ingredientLikeness(const QString& raw)
     } else if (RecipeWords::amountWords().contains(word(parts.first()))) {
         score += 0.7;
         score += parts.size() > 1 && RecipeWords::units().contains(word(parts[1])) ? 1 : 0;
+        spelled = spelledAmount(text);
+        score += spelled ? 1.8 : 0;
     }
     score += endsWithAmount(text) ? 1.5 : 0;
     score += hasAside(text.toLower()) ? 0.7 : 0;
     score += parts.size() <= 6 ? 0.3 : 0;
     score -= text.size() > 110 ? 2 : 0;
-    score -= parts.size() > 6 && endsSentence(text) ? 1.5 : 0;
+    score -= parts.size() > 6 && endsSentence(text) && !spelled ? 1.5 : 0;
     score -= holdsSentenceBoundary(text) ? 2 : 0;
     score -= RecipeWords::cookingVerbs().contains(word(parts.first())) && parts.size() > 3 ? 1 : 0;
     return score;

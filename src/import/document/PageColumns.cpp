@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <optional>
 #include <tuple>
 
 namespace ovrin {
@@ -68,7 +69,8 @@ public:
         m_height = medianOf(heights);
     }
 
-    QList<TextLine> ordered(QList<TextLine> lines, int depth = 0) const
+    /// `gutter` is one that the lines above or below have, so that fewer lines show that these have it too.
+    QList<TextLine> ordered(QList<TextLine> lines, int depth = 0, std::optional<double> gutter = {}) const
     {
         std::stable_sort(lines.begin(), lines.end(),
                          [](const TextLine& a, const TextLine& b) { return a.place.top() < b.place.top(); });
@@ -76,7 +78,7 @@ public:
         if (title > 0) {
             return ordered(lines.first(title), depth + 1) + ordered(lines.sliced(title), depth + 1);
         }
-        const Band band = depth < deepest ? bestBand(lines) : Band();
+        const Band band = depth < deepest ? bestBand(lines, gutter) : Band();
         if (band.weight == 0) {
             lines = withAmountsJoined(inRows(std::move(lines)));
             double right = 0;
@@ -91,7 +93,8 @@ public:
         }
         const qsizetype heading = depth < deepest ? headingAcross(lines, band) : 0;
         if (heading > 0) {
-            return ordered(lines.first(heading), depth + 1) + ordered(lines.sliced(heading), depth + 1);
+            return ordered(lines.first(heading), depth + 1, band.middle()) +
+                   ordered(lines.sliced(heading), depth + 1, band.middle());
         }
         QList<TextLine> left;
         QList<TextLine> right;
@@ -211,7 +214,9 @@ private:
         };
         for (qsizetype i = band.begin + 1; i < band.end; ++i) {
             const QRectF& place = lines[i].place;
-            if (headingOf(lines[i].text).kind == HeadingKind::None) {
+            // Only the recipe's own parts span columns: a tip's heading stands in one of them.
+            const HeadingKind kind = headingOf(lines[i].text).kind;
+            if (kind != HeadingKind::Ingredients && kind != HeadingKind::Directions) {
                 continue;
             }
             std::array<Side, 2> sides;
@@ -228,7 +233,7 @@ private:
                 }
             }
             if (isAlone && sides[0].above > 0 && sides[1].above > 0 && sides[0].below > 0 &&
-                sides[1].below > 0 && std::abs(sides[0].top - sides[1].top) < 0.6 * m_height) {
+                sides[1].below > 0 && std::abs(sides[0].top - sides[1].top) < 0.4 * m_height) {
                 return i;
             }
         }
@@ -254,7 +259,7 @@ private:
 
     /// The band whose lesser column holds most rows; of equals the longest, then the one with the widest
     /// gutter.
-    Band bestBand(const QList<TextLine>& lines) const
+    Band bestBand(const QList<TextLine>& lines, std::optional<double> gutter) const
     {
         Band best;
         for (int step = 1; step < candidates; ++step) {
@@ -268,7 +273,8 @@ private:
                 while (end < lines.size() && !crosses(lines[end], x)) {
                     ++end;
                 }
-                const Band band = trimmed(lines, x, begin, end);
+                const bool isKnown = gutter && std::abs(x - *gutter) < 1.0 / candidates;
+                const Band band = trimmed(lines, x, begin, end, isKnown ? 1 : leastLinesPerSide);
                 if (band.rank() > best.rank()) {
                     best = band;
                 }
@@ -285,7 +291,8 @@ private:
 
     /// The band around `x` without the lines at its head that have nothing beside them; weight 0 where it is
     /// no band of columns.
-    Band trimmed(const QList<TextLine>& lines, double x, qsizetype begin, qsizetype end) const
+    Band trimmed(const QList<TextLine>& lines, double x, qsizetype begin, qsizetype end,
+                 qsizetype leastRows) const
     {
         const auto isLeft = [&](qsizetype i) { return lines[i].place.right() < x; };
         const double leftTop = firstTop(lines, begin, end, isLeft);
@@ -325,7 +332,7 @@ private:
             }
         }
         band.weight = std::min(leftRows, rightRows);
-        if (band.weight < leastLinesPerSide || band.right - band.left < leastGutter * m_letter) {
+        if (band.weight < leastRows || band.right - band.left < leastGutter * m_letter) {
             return {};
         }
         // Lines one above the other are no columns, however far they are set in.
@@ -334,7 +341,7 @@ private:
             const double otherBottom = isLeft(i) ? rightBottom : leftBottom;
             beside += lines[i].place.bottom() > other && lines[i].place.top() < otherBottom ? 1 : 0;
         }
-        return beside >= 4 ? band : Band();
+        return beside > leastRows ? band : Band();
     }
 
     /// The end of the band without a heading that stands below both columns and above more text that spans

@@ -79,11 +79,11 @@ const QList<RecipeFacts::Label>& RecipeFacts::labels()
             u"personnes|parts|raciones|porciones|comensales|rinde|rendimiento|porzioni|dosi(?: per)?|persone|"
             u"aantal personen|porties|porções|rendimento|rende|porcje|liczba porcji|ilość porcji|portioner|"
             u"antal(?: portioner| personer)?|personer"),
-        label(
-            Kind::Author,
-            u"(?:recipe |written |posted )?by|recipe from the kitchen of|author|rezept von|von|autor(?:in)?|"
-            u"recette de|par|auteur|receta de|por|ricetta di|autore|recept van|door|receita de|autora|"
-            u"przepis|recept av|av|opskrift af|af|forfatter"),
+        label(Kind::Author,
+              u"(?:recipe |written |posted )?by|(?:recipe )?from the kitchen of|author|rezept "
+              u"von|von|autor(?:in)?|"
+              u"recette de|par|auteur|receta de|por|ricetta di|autore|recept van|door|receita de|autora|"
+              u"przepis|recept av|av|opskrift af|af|forfatter"),
         label(Kind::Publisher,
               u"source|publisher|published (?:by|in)|quelle|fuente|fonte|bron|źródło|källa|kilde"),
     };

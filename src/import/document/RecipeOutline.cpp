@@ -227,6 +227,16 @@ RecipeOutline wholeOutline(const QList<TextLine>& lines)
         }
         return withoutHeadings(own);
     }
+    if (!has(HeadingKind::Ingredients)) {
+        // A whole recipe without headings above one that has some.
+        const QList<TextLine>& above = all.first().lines;
+        const QList<TextLine> own = firstWhole(above);
+        if (own.size() < above.size()) {
+            RecipeOutline whole = withoutHeadings(own);
+            whole.hasMoreRecipes = true;
+            return whole;
+        }
+    }
     RecipeOutline result = firstRecipe(all);
     if (result.directions.isEmpty()) {
         findDirections(result);

@@ -17,6 +17,7 @@ Heading headingOf(const QString& line)
     static const QRegularExpression ornament(QStringLiteral("^[^\\p{L}]+"),
                                              QRegularExpression::UseUnicodePropertiesOption);
     constexpr qsizetype longestHeading = 48;
+    constexpr qsizetype shortestPhrase = 10;
     static const QRegularExpression lead(
         QStringLiteral(
             "^(?:and|und|et|y|e|en|i|och|og|"
@@ -44,7 +45,14 @@ Heading headingOf(const QString& line)
                 QString(text).remove(u' ').compare(QString(word).remove(u' '), Qt::CaseInsensitive) == 0) {
                 return {table.kind, {}};
             }
-            // "And so it is made", "For 4 you will need".
+            // "And so it is made", "For 6+ bowls you will need".
+            const bool endsWithPhrase = table.kind != HeadingKind::Other && word.contains(u' ') &&
+                                        word.size() >= shortestPhrase && text.size() <= longestHeading &&
+                                        line.front().isUpper() &&
+                                        text.endsWith(u' ' + word, Qt::CaseInsensitive);
+            if (endsWithPhrase) {
+                return {table.kind, {}};
+            }
             if (text.endsWith(u' ' + word, Qt::CaseInsensitive) &&
                 lead.match(text.first(text.size() - word.size())).hasMatch()) {
                 return {table.kind, {}};

@@ -144,6 +144,37 @@ INSTANTIATE_TEST_SUITE_P(Pages, RecipesWithoutHeadings, testing::Values(
         "3 Pour in the stock. Serve.\n",
         "2 carrots/1 l stock/Oil",
         "Heat the oil in a large pot./Add the carrots and let them simmer./Pour in the stock. Serve."},
+    RecipePage{"NamesAloneInTheBlockOfTheDirections",
+        "Soup\n"
+        "Leeks\n"
+        "Salt\n"
+        "Olive oil\n"
+        "Cut the leeks into rings and wash them well. Warm the oil.\n"
+        "Add the leeks and the salt and let all of it simmer.\n",
+        "Leeks/Salt/Olive oil",
+        "Cut the leeks into rings and wash them well. Warm the oil./"
+        "Add the leeks and the salt and let all of it simmer."},
+    RecipePage{"AmountsSpelledOut",
+        "Pudding\n"
+        "\n"
+        "Three eggs.\n"
+        "A quarter of a pound of powdered white sugar.\n"
+        "A table-spoonful of white wine and brandy, mixed.\n"
+        "\n"
+        "Beat the eggs with the sugar until they are light. Pour in the wine.\n",
+        "Three eggs./A quarter of a pound of powdered white sugar./"
+        "A table-spoonful of white wine and brandy, mixed.",
+        "Beat the eggs with the sugar until they are light. Pour in the wine."},
+    RecipePage{"AmountsBehindNamesInTwoMeasures",
+        "Carbonara\n"
+        "\n"
+        "Spaghetti: 320 g | 11 oz\n"
+        "Guanciale, cubed: 150 g | 5 oz\n"
+        "Pecorino: 80 g (3 oz)\n"
+        "\n"
+        "Fry the guanciale until it is crisp. Boil the spaghetti and mix.\n",
+        "Spaghetti: 320 g | 11 oz/Guanciale, cubed: 150 g | 5 oz/Pecorino: 80 g (3 oz)",
+        "Fry the guanciale until it is crisp. Boil the spaghetti and mix."},
     RecipePage{"MethodBesideAListWithAHeading",
         "Soup\n"
         "\n"

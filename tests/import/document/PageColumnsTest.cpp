@@ -69,6 +69,26 @@ INSTANTIATE_TEST_SUITE_P(Pages, PageColumnsOf, testing::Values(
         "Cut the onion, the carrots and the leeks into small cubes.\n",
         "#1 onion/2 carrots/3 leeks/4 eggs/#1 lemon/Salt/Pepper/#Method/"
         "Cut the onion, the carrots and the leeks into small cubes."},
+    PageCase{"OfTwoLinesUnderAHeading",
+        "Ingredients\n"
+        "1 onion                 Salt\n"
+        "2 carrots               Pepper\n"
+        "\n"
+        "Method\n"
+        "Cut the onion into      Boil everything\n"
+        "small cubes.            until it is soft.\n"
+        "Peel the carrots.       Eat it.\n",
+        "#Ingredients/1 onion/2 carrots/#Salt/Pepper/#Method/"
+        "Cut the onion into/small cubes./Peel the carrots./#Boil everything/until it is soft./Eat it."},
+    PageCase{"WithATipInOneOfThem",
+        "1 onion                 Cut the onion into\n"
+        "2 carrots               small cubes.\n"
+        "3 leeks                 Peel the carrots.\n"
+        "TIP\n"
+        "Warm the plates.        Boil everything\n"
+        "                        until it is soft.\n",
+        "#1 onion/2 carrots/3 leeks/TIP/Warm the plates./#Cut the onion into/small cubes./Peel the carrots./"
+        "#Boil everything/until it is soft."},
     PageCase{"UnderHeadingsOneAfterTheOther",
         "Ingredients\n"
         "1 onion                 Salt\n"

@@ -251,7 +251,7 @@ TEST(RecipeTextParser, KnowsHeadingsInItsLanguages)
         {"Ingredienser", "Gör så här"},
         {"Ingredienser", "Fremgangsmåde"},
         {"I N G R E D I E N T S", "M E T H O D"},
-        {"For 4 you will need", "How to make it"},
+        {"For 6+ small bowls you will need", "How to make it"},
         {"IN GRED IEN T S", "D IREC T ION S"},
         {"Zutaten für 4 Personen", "Und so wird’s gemacht"},
     };
