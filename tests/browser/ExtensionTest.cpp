@@ -1,10 +1,9 @@
 #include "browser/Chromium.h"
 #include "support/InboxTest.h"
 #include "support/LocalServer.h"
+#include "support/Photo.h"
 
-#include <QtCore/QBuffer>
 #include <QtCore/QJsonDocument>
-#include <QtGui/QImage>
 #include <gtest/gtest.h>
 
 using namespace ovrin;
@@ -31,16 +30,6 @@ QByteArray scriptedPage(const QByteArray& recipe)
 
 const QString ready = QStringLiteral("document.title === 'Ready'");
 const QByteArray stew = R"(name: "Stew", recipeIngredient: ["1 onion"], recipeInstructions: ["Stew."])";
-
-QByteArray photo()
-{
-    QImage image(40, 30, QImage::Format_RGB32);
-    image.fill(0xff8800);
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return buffer.data();
-}
 
 /// The extension in a real Chromium, with the real host.
 class BrowserExtensionTest : public InboxTest

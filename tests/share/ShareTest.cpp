@@ -1,8 +1,7 @@
 #include "support/InboxTest.h"
 #include "support/LocalServer.h"
+#include "support/Photo.h"
 
-#include <QtCore/QBuffer>
-#include <QtGui/QImage>
 #include <gtest/gtest.h>
 
 using namespace ovrin;
@@ -24,16 +23,6 @@ QByteArray page(const QByteArray& instructions)
         "name": "Onion Soup", "image": "/soup.png", "recipeIngredient": ["2 onions, sliced", "1 l stock"],
         "recipeInstructions": )" +
            instructions + "}</script>";
-}
-
-QByteArray photo()
-{
-    QImage image(40, 30, QImage::Format_RGB32);
-    image.fill(0xff8800);
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return buffer.data();
 }
 
 TEST_F(ShareTest, LeavesAPageWithItsPhotoInTheInbox)
