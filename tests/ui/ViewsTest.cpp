@@ -68,6 +68,49 @@ TEST_F(ViewsTest, hostileRecipesAreShownAsText)
     model->editor()->cancel();
 }
 
+TEST_F(ViewsTest, aMentionLightsItsLineHoweverLongTheRecipe)
+{
+    RecipeDraft draft = fullRecipe();
+    draft.ingredients = {u"2 eggs"_qs};
+    for (int i = 1; i < 400; ++i)
+        draft.ingredients.append(u"%1 spoons of spice"_qs.arg(i));
+    draft.ingredients.append(u"1 cup saffron"_qs);
+    draft.steps = {{QUuid::createUuid(), std::nullopt, {u"Beat the eggs with the saffron."_qs}}};
+    for (int i = 0; i < 100; ++i)
+        draft.steps.append({QUuid::createUuid(), std::nullopt, {u"Stir."_qs}});
+    fixture.library.add(draft);
+    open();
+    openFirst();
+    const auto lines = [&] { return items(u"ingredientLine"_qs); };
+    EXPECT_LT(lines().size(), 60) << "the rest comes frame by frame";
+    EXPECT_LT(items(u"direction"_qs).size(), 60);
+
+    const auto isLitInSight = [&](const QString& text) {
+        return std::ranges::any_of(lines(), [&](QQuickItem* line) {
+            const double y = line->mapToScene({}).y();
+            return line->property("lineText") == text && line->property("isLit").toBool() && y > 0 &&
+                   y + line->height() < window->height();
+        });
+    };
+    // The keyboard comes to the first step's mentions, of the first line and of one that is not there yet.
+    const auto mention = [&](int index) {
+        const auto links = items(u"link"_qs);
+        const auto found =
+            std::ranges::find_if(links, [&](QQuickItem* link) { return link->property("index") == index; });
+        return found == links.end() ? nullptr : *found;
+    };
+    for (const auto& [index, line] : {std::pair(1, u"1 cup saffron"_qs), std::pair(0, u"2 eggs"_qs)}) {
+        ASSERT_TRUE(mention(index)) << index;
+        mention(index)->forceActiveFocus(Qt::TabFocusReason);
+        key(Qt::Key_Return);
+        EXPECT_TRUE(isLitInSight(line)) << qPrintable(line);
+    }
+    const QVariant place = item(u"recipeScroller"_qs)->property("contentY");
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return lines().size() == 401 && items(u"direction"_qs).size() == 101; }));
+    EXPECT_EQ(item(u"recipeScroller"_qs)->property("contentY"), place) << "nothing that is read moves";
+}
+
 TEST_F(ViewsTest, theLayoutTurnsAt760)
 {
     RecipeDraft draft = fullRecipe();

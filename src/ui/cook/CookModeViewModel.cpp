@@ -75,7 +75,7 @@ void CookModeViewModel::refresh()
     m_recipe = m_store.find(m_recipeId);
     m_items =
         m_recipe ? CookMode::items(m_recipe->ingredients(), m_recipe->steps()) : QList<CookMode::Item>();
-    QList<DirectionList::Row> rows;
+    QList<DirectionRow> rows;
     rows.reserve(m_items.size());
     for (const CookMode::Item& item : m_items)
         rows.append({.stepNumber = item.isFirstInStep ? item.stepNumber : 0,

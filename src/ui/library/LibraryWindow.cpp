@@ -374,9 +374,10 @@ void LibraryWindow::mailRecipe()
 
 void LibraryWindow::activateLink(const QString& address)
 {
-    if (const int row = ingredientOf(address); row >= 0)
+    if (const int row = ingredientOf(address); row >= 0) {
+        m_recipe.showIngredient(row);
         Q_EMIT ingredientWanted(row);
-    else if (m_services.timers && m_recipe.recipe())
+    } else if (m_services.timers && m_recipe.recipe())
         m_services.timers->openLink(QUrl(address), m_recipe.title(), m_recipe.recipe()->id());
 }
 

@@ -1,35 +1,12 @@
 #include "ui/recipe/DirectionList.h"
 
-#include "ui/recipe/RowSync.h"
-
 namespace ovrin {
-
-void DirectionList::setRows(const QList<Row>& rows)
-{
-    syncRows(
-        m_rows, rows, [this](int row) { Q_EMIT dataChanged(index(row), index(row)); },
-        [this](int first, int last, const auto& change) {
-            beginInsertRows({}, first, last);
-            change();
-            endInsertRows();
-        },
-        [this](int first, int last, const auto& change) {
-            beginRemoveRows({}, first, last);
-            change();
-            endRemoveRows();
-        });
-}
-
-int DirectionList::rowCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
-}
 
 QVariant DirectionList::data(const QModelIndex& index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
         return {};
-    const Row& row = m_rows.at(index.row());
+    const DirectionRow& row = rows().at(index.row());
     switch (role) {
     case StepNumberRole:
         return row.stepNumber;
@@ -62,8 +39,8 @@ QHash<int, QByteArray> DirectionList::roleNames() const
 QString DirectionList::richText(int row, const QString& textColor, const QString& accentColor,
                                 const QString& focusColor, int focused, int weight, int glyphSize) const
 {
-    return row >= 0 && row < m_rows.size()
-               ? m_rows.at(row).paragraph.richText(textColor, accentColor, focusColor, focused, weight,
+    return row >= 0 && row < rows().size()
+               ? rows().at(row).paragraph.richText(textColor, accentColor, focusColor, focused, weight,
                                                    glyphSize)
                : QString();
 }

@@ -6,6 +6,7 @@ import Ovrin
 */
 Column {
     id: row
+    objectName: "direction"
 
     required property int index
     required property int stepNumber
@@ -57,6 +58,7 @@ Column {
             // Nothing to see: a stop for the keyboard and the screen reader where the text has a link.
             Item {
                 id: stop
+                objectName: "link"
                 required property var modelData
                 required property int index
                 width: words.width

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "ui/recipe/IngredientLine.h"
+#include "ui/recipe/RowList.h"
 
-#include <QtCore/QAbstractListModel>
 #include <QtQml/qqmlregistration.h>
 
 namespace ovrin {
 
 /// The ingredient lines of the recipe that is shown. Scaling changes rows, it does not replace them.
-class IngredientList : public QAbstractListModel
+class IngredientList : public RowList<IngredientLine>
 {
     Q_OBJECT
     QML_NAMED_ELEMENT(IngredientList)
@@ -17,17 +17,10 @@ class IngredientList : public QAbstractListModel
 public:
     enum Role { TextRole = Qt::UserRole + 1, RichTextRole, HeadingRole };
 
-    using QAbstractListModel::QAbstractListModel;
+    using RowList::RowList;
 
-    void setLines(const QList<IngredientLine>& lines);
-    const QList<IngredientLine>& lines() const { return m_lines; }
-
-    int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
-
-private:
-    QList<IngredientLine> m_lines;
 };
 
 } // namespace ovrin

@@ -4,6 +4,8 @@ import Ovrin
 /* One ingredient line, which can be selected and copied; or a heading of the list. */
 Item {
     id: row
+    objectName: "ingredientLine"
+    readonly property bool isLit: glowing.opacity > 0
 
     required property int index
     required property string lineText

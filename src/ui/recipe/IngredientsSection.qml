@@ -8,7 +8,11 @@ Column {
     required property LibraryWindow model
     readonly property RecipeViewModel recipe: model.recipe
 
-    function lineAt(row) { return lines.itemAt(row) }
+    function lineAt(row) {
+        // One that was made a moment ago has no place yet.
+        forceLayout()
+        return lines.itemAt(row)
+    }
 
     spacing: 0
 

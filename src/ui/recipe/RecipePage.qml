@@ -155,9 +155,14 @@ FocusScope {
             const line = ingredients.lineAt(row)
             if (!line)
                 return
+            column.forceLayout()
             scroller.reveal(line)
             line.light()
         }
+    }
+    Connections {
+        target: page.Window.window
+        function onFrameSwapped() { page.recipe.showMore() }
     }
     Connections {
         target: page.recipe

@@ -12,6 +12,9 @@ namespace {
 constexpr double originalScale = 1;
 constexpr RecipeAttributes ofIngredients{RecipeAttribute::Ingredients | RecipeAttribute::Scale};
 constexpr RecipeAttributes ofDirections{RecipeAttribute::Ingredients | RecipeAttribute::StepsData};
+// About what a window shows when a recipe is opened, and what one frame has the time to add to that.
+constexpr qsizetype rowsAtOnce = 24;
+constexpr qsizetype rowsAFrame = 8;
 } // namespace
 
 RecipeViewModel::RecipeViewModel(RecipeStore& store, RecipePhotos& photos, QLocale locale, QObject* parent)
@@ -19,6 +22,8 @@ RecipeViewModel::RecipeViewModel(RecipeStore& store, RecipePhotos& photos, QLoca
     , m_store(store)
     , m_photos(photos)
     , m_locale(std::move(locale))
+    , m_ingredients(rowsAtOnce, rowsAFrame)
+    , m_directions(rowsAtOnce, rowsAFrame)
 {
     connect(&store, &RecipeStore::changed, this, [this](qsizetype index, RecipeAttributes attributes) {
         if (m_store.at(index) != m_recipe)
@@ -51,15 +56,27 @@ void RecipeViewModel::show(const RecipePtr& recipe)
     Q_EMIT shown();
 }
 
+void RecipeViewModel::showMore()
+{
+    m_ingredients.reportMore();
+    m_directions.reportMore();
+}
+
+void RecipeViewModel::showIngredient(int row)
+{
+    while (m_ingredients.rowCount() <= row && !m_ingredients.isWhole())
+        m_ingredients.reportMore();
+}
+
 void RecipeViewModel::refreshIngredients()
 {
-    m_ingredients.setLines(m_recipe ? ingredientLines(m_recipe->ingredients(), m_recipe->scale(), m_locale)
-                                    : QList<IngredientLine>());
+    m_ingredients.setRows(m_recipe ? ingredientLines(m_recipe->ingredients(), m_recipe->scale(), m_locale)
+                                   : QList<IngredientLine>());
 }
 
 void RecipeViewModel::refreshDirections()
 {
-    QList<DirectionList::Row> rows;
+    QList<DirectionRow> rows;
     if (m_recipe) {
         const QList<RecipeStep> steps = m_recipe->steps();
         QStringList paragraphs;
@@ -158,7 +175,7 @@ QString RecipeViewModel::shareText() const
 QStringList RecipeViewModel::groceryLines() const
 {
     QStringList lines;
-    for (const IngredientLine& line : m_ingredients.lines())
+    for (const IngredientLine& line : m_ingredients.rows())
         if (!line.isHeading)
             lines.append(line.text);
     return lines;

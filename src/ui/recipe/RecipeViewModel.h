@@ -73,7 +73,7 @@ public:
     QString scaleNotice() const;
     /// Maps with "factor" and "label".
     QVariantList scaleChoices() const;
-    bool hasIngredients() const { return !m_ingredients.lines().isEmpty(); }
+    bool hasIngredients() const { return !m_ingredients.rows().isEmpty(); }
     bool hasDirections() const { return !m_directions.rows().isEmpty(); }
     IngredientList* ingredients() { return &m_ingredients; }
     DirectionList* directions() { return &m_directions; }
@@ -81,6 +81,11 @@ public:
     QString shareText() const;
     /// What goes to a grocery list: the scaled lines without the section headings.
     QStringList groceryLines() const;
+
+    /// A page makes a long recipe's rows little by little: the first at once, some more with each frame.
+    Q_INVOKABLE void showMore();
+    /// Has the ingredient line at `row` among the rows by now.
+    void showIngredient(int row);
 
     Q_INVOKABLE void toggleSaved();
     Q_INVOKABLE void recordCook();
