@@ -111,6 +111,43 @@ TEST_F(ViewsTest, aMentionLightsItsLineHoweverLongTheRecipe)
     EXPECT_EQ(item(u"recipeScroller"_qs)->property("contentY"), place) << "nothing that is read moves";
 }
 
+TEST_F(ViewsTest, theMenuOfACardDoesWhatItSays)
+{
+    const RecipePtr recipe = fixture.library.add(fullRecipe());
+    open();
+    auto* const grid = item(u"grid"_qs);
+    const auto byKey = [&] {
+        grid->forceActiveFocus();
+        key(Qt::Key_Menu);
+    };
+    const auto byShiftF10 = [&] {
+        grid->forceActiveFocus();
+        key(Qt::Key_F10, Qt::ShiftModifier);
+    };
+    const auto byPointer = [&] {
+        QTest::mouseClick(window, Qt::RightButton, {}, grid->mapToScene({60, 60}).toPoint());
+    };
+    const auto choose = [&](const std::function<void()>& ask, int entry) {
+        ask();
+        for (int i = 0; i <= entry; ++i)
+            key(Qt::Key_Down);
+        key(Qt::Key_Return);
+    };
+    int times = 0;
+    for (const std::function<void()>& ask : {std::function<void()>(byKey), std::function<void()>(byShiftF10),
+                                             std::function<void()>(byPointer)}) {
+        ++times;
+        choose(ask, 0);
+        EXPECT_TRUE(recipe->isSaved()) << times;
+        choose(ask, 0);
+        EXPECT_FALSE(recipe->isSaved()) << times;
+        choose(ask, 1);
+        EXPECT_EQ(fixture.desktop.opened.size(), times);
+    }
+    choose(byPointer, 2);
+    EXPECT_EQ(model->library()->count(), 0);
+}
+
 TEST_F(ViewsTest, theLayoutTurnsAt760)
 {
     RecipeDraft draft = fullRecipe();

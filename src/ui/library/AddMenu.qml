@@ -25,4 +25,9 @@ ActionMenu {
         text: qsTr("New Recipe"); symbol: "square.and.pencil"; shortcutText: qsTr("Ctrl+N")
         onTriggered: menu.grid.model.createRecipe()
     }
+    ActionSeparator {}
+    ActionItem {
+        text: qsTr("Keyboard Shortcuts"); symbol: "keyboard"; shortcutText: qsTr("F1")
+        onTriggered: menu.grid.shortcutsRequested()
+    }
 }

@@ -8,6 +8,7 @@ ActionMenu {
     property RecipeCard card
 
     label: card ? card.title : ""
+    onCardChanged: if (!card) close()
     ActionItem {
         readonly property bool isSaved: menu.card ? menu.card.isSaved : false
         text: isSaved ? qsTr("Unsave") : qsTr("Save")

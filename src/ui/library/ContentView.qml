@@ -45,12 +45,14 @@ FocusScope {
                 onImportRequested: importing.open()
                 onFileRequested: files.dialogs().openForDocument()
                 onPhotoRequested: files.dialogs().openForPhoto()
+                onShortcutsRequested: shortcuts.open()
             }
             RecipePageLoader {
                 id: page
                 anchors.fill: parent
                 model: content.model
                 onClosed: grid.takeFocus()
+                onShortcutsRequested: shortcuts.open()
             }
         }
     }

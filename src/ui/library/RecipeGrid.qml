@@ -13,6 +13,7 @@ FocusScope {
     signal importRequested()
     signal fileRequested()
     signal photoRequested()
+    signal shortcutsRequested()
 
     function search() { search.forceActiveFocus(Qt.ShortcutFocusReason); search.selectAll() }
     function takeFocus() { (view.count > 0 ? view : search).forceActiveFocus(Qt.OtherFocusReason) }
@@ -105,7 +106,9 @@ FocusScope {
                 return
             const menu = cardMenu.made({model: root.model})
             menu.card = item
-            menu.popup(item, x, y)
+            // Over the grid, which stays: a card may go and come again with what the menu does.
+            const at = item.mapToItem(view, x, y)
+            menu.popup(view, at.x, at.y)
         }
 
         anchors.top: bar.bottom

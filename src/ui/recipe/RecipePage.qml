@@ -14,6 +14,8 @@ FocusScope {
     readonly property bool hasSheet: notes.isOpen || deletion.opened
     readonly property real ingredientsWidth: isWide ? Math.min(width * 0.36, 380) : body.width
 
+    signal shortcutsRequested()
+
     function takeFocus() { scroller.forceActiveFocus(Qt.OtherFocusReason) }
 
     Accessible.role: Accessible.Pane
@@ -127,6 +129,7 @@ FocusScope {
         model: page.model
         onGroceryFileRequested: groceryFile.made({model: page.model}).open()
         onDeleteRequested: deletion.open()
+        onShortcutsRequested: page.shortcutsRequested()
     }
     Loader {
         active: page.model.timers !== null

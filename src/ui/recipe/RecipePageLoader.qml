@@ -10,6 +10,7 @@ FocusScope {
     readonly property Item page: loader.item
 
     signal closed()
+    signal shortcutsRequested()
 
     visible: model.recipe.isShown
     focus: model.recipe.isShown
@@ -23,6 +24,9 @@ FocusScope {
         focus: true
         active: root.model.recipe.isShown
         Component.onCompleted: setSource("RecipePage.qml", {model: root.model, focus: true})
-        onLoaded: item.takeFocus()
+        onLoaded: {
+            item.takeFocus()
+            item.shortcutsRequested.connect(root.shortcutsRequested)
+        }
     }
 }

@@ -10,6 +10,7 @@ Item {
 
     signal groceryFileRequested()
     signal deleteRequested()
+    signal shortcutsRequested()
 
     height: back.height + Theme.gap4 * 2
 
@@ -55,6 +56,10 @@ Item {
                 visible: bar.model.recipe.hasIngredients
                 text: qsTr("Save Grocery List…"); symbol: "checklist"
                 onTriggered: bar.groceryFileRequested()
+            }
+            ActionItem {
+                text: qsTr("Keyboard Shortcuts"); symbol: "keyboard"; shortcutText: qsTr("F1")
+                onTriggered: bar.shortcutsRequested()
             }
             ActionItem {
                 text: qsTr("Delete Recipe"); symbol: "trash"; destructive: true
