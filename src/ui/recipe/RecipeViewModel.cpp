@@ -17,11 +17,12 @@ constexpr qsizetype rowsAtOnce = 24;
 constexpr qsizetype rowsAFrame = 8;
 } // namespace
 
-RecipeViewModel::RecipeViewModel(RecipeStore& store, RecipePhotos& photos, QLocale locale, QObject* parent)
+RecipeViewModel::RecipeViewModel(RecipeStore& store, RecipePhotos& photos, const QLocale& locale,
+                                 QObject* parent)
     : QObject(parent)
     , m_store(store)
     , m_photos(photos)
-    , m_locale(std::move(locale))
+    , m_locale(locale)
     , m_ingredients(rowsAtOnce, rowsAFrame)
     , m_directions(rowsAtOnce, rowsAFrame)
 {

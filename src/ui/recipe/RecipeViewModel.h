@@ -42,7 +42,8 @@ class RecipeViewModel : public QObject
     Q_PROPERTY(ovrin::DirectionList* directions READ directions CONSTANT)
 
 public:
-    RecipeViewModel(RecipeStore& store, RecipePhotos& photos, QLocale locale, QObject* parent = nullptr);
+    RecipeViewModel(RecipeStore& store, RecipePhotos& photos, const QLocale& locale,
+                    QObject* parent = nullptr);
 
     /// Shows `recipe`, at its own amounts; null for none.
     void show(const RecipePtr& recipe);
