@@ -32,7 +32,7 @@ bool WindowFrame::open()
         qCritical("%s", qPrintable(component.errorString()));
         return false;
     }
-    made.release();
+    static_cast<void>(made.release());
     m_window.reset(window);
     m_place = std::make_unique<WindowPlace>(*m_window, m_settings, QStringLiteral("libraryWindow"));
     m_window->show();
