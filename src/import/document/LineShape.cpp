@@ -106,6 +106,12 @@ std::optional<LineShape::Numbered> LineShape::numbered(const QString& text)
             return Numbered{match.captured(1).toInt(), match.captured(2).trimmed()};
         }
     }
+    static const QRegularExpression lettered = pattern(u"^[(]?([a-t])[)]\\s*(.*)$", true);
+    const auto match = lettered.match(text);
+    if (match.hasMatch()) {
+        return Numbered{match.captured(1).toLower().front().unicode() - u'a' + 1,
+                        match.captured(2).trimmed()};
+    }
     return std::nullopt;
 }
 

@@ -104,6 +104,8 @@ public:
         QList<TextLine> result = ordered(lines.first(band.begin), depth + 1);
         if (isTable(left, right)) {
             result += rows(lines.sliced(band.begin, band.end - band.begin));
+        } else if (isLabels(left)) {
+            result += inRows(lines.sliced(band.begin, band.end - band.begin));
         } else {
             result += ordered(left, depth + 1) + ordered(right, depth + 1);
         }
@@ -238,6 +240,15 @@ private:
             }
         }
         return 0;
+    }
+
+    /// A column of nothing but labels and headings, each beside what it is for.
+    static bool isLabels(const QList<TextLine>& lines)
+    {
+        const auto labels = std::count_if(lines.begin(), lines.end(), [](const TextLine& line) {
+            return RecipeFacts::isBareLabel(line.text) || headingOf(line.text).kind != HeadingKind::None;
+        });
+        return labels * 5 >= lines.size() * 4;
     }
 
     /// Two columns of which one holds amounts, and nothing else, for the other's words.

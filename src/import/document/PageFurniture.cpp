@@ -115,6 +115,18 @@ bool isPageNumber(const QString& text)
     return number.match(text).hasMatch();
 }
 
+/// "86 WINTER", "SOUPS AND STEWS 21" at the foot of a page that is not in capitals itself.
+bool isPageName(const QList<TextLine>& lines, qsizetype i)
+{
+    static const QRegularExpression name(
+        QStringLiteral(
+            "^(?:\\d{1,4}\\s+[\\p{Lu}][\\p{Lu} &,’']{2,40}|[\\p{Lu}][\\p{Lu} &,’']{2,40}\\s+\\d{1,4})$"),
+        QRegularExpression::UseUnicodePropertiesOption);
+    const bool isLast = i + 1 == lines.size() || lines[i + 1].page != lines[i].page;
+    return isLast && i > 1 && lines[i].startsBlock && name.match(lines[i].text).hasMatch() &&
+           !LineShape::isAllCapitals(lines[i - 1].text) && !LineShape::isAllCapitals(lines[i - 2].text);
+}
+
 } // namespace
 
 bool PageFurniture::isStatusBar(const QString& line)
@@ -149,7 +161,7 @@ bool PageFurniture::isFurniture(const QString& line)
         pattern(QStringLiteral("^[★☆⭐✩✭\\s]{2,}")),
         pattern(QStringLiteral("^\\d(?:[.,]\\d+)?\\s*(?:/\\s*5|stars?|★)?\\s*(?:\\(|from|·|•)\\s*[\\d,.]+\\s*"
                                "(?:reviews?|ratings?|votes?)?\\)?$")),
-        pattern(QStringLiteral("^[\\d,.]+ (?:reviews?|ratings?|comments?|votes?|shares?|likes?)$")),
+        pattern(QStringLiteral("^[\\d,.]+ (?:reviews?|ratings?|votes?|shares?|likes?)$")),
         // A browser's print header: a date and a clock, then the page's title.
         pattern(QStringLiteral("^\\d{1,2}[./-]\\d{1,2}[./-]\\d{2,4},?\\s+\\d{1,2}:\\d{2}")),
         // The way through a site.
@@ -162,6 +174,13 @@ bool PageFurniture::isFurniture(const QString& line)
                            "we use cookies|follow @|tag @)\\b")),
         // A phone's network beside its battery.
         pattern(QStringLiteral("^(?:lte|[2345]g|wi-?fi|edge)\\b[\\s\\d%]*$")),
+        // That a card goes on overleaf, when a sheet was issued, and its number.
+        pattern(QStringLiteral(
+            "^[(\\[]?(?:please )?(?:over|turn over|see over|p\\.?t\\.?o\\.?|cont(?:inued|'d|\\.)?|"
+            "fortsetzung|bitte wenden|suite|sigue|segue|vervolg)(?: on (?:the )?back)?[)\\]]?$")),
+        pattern(QStringLiteral("^(?:issued|revised|rev\\.?|revision|version|stand|ausgabe)\\s*:?\\s*"
+                               "(?:\\d{1,2}[./-]){0,2}\\d{1,4}$")),
+        pattern(QStringLiteral("^(?:no|nr|n°|№)\\.?\\s*\\d+(?:\\s*[/|·]\\s*rev.*)?$")),
         // A line of a table of contents.
         pattern(QStringLiteral("(?:\\.\\s?){4,}\\s*\\d{1,4}$")),
     };
@@ -188,7 +207,8 @@ QList<TextLine> PageFurniture::removed(const QList<TextLine>& lines)
         const bool numbersPage = inMargin && lines.size() > 4 && isPageNumber(line.text) &&
                                  (i + 1 == lines.size() || lines[i + 1].page != line.page || i == 0 ||
                                   lines[i - 1].page != line.page);
-        if (line.text.isEmpty() || recurs || numbersPage || isFurniture(line.text)) {
+        if (line.text.isEmpty() || recurs || numbersPage || (inMargin && isPageName(lines, i)) ||
+            isFurniture(line.text)) {
             continue;
         }
         line.startsBlock = startsBlock;

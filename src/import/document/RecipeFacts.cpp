@@ -125,6 +125,14 @@ bool RecipeFacts::read(const QString& line)
     if (line.size() > longestFactLine || isCertainlyNone(line)) {
         return false;
     }
+    // "Servings 4, prep time 10 min, cook time 40 min".
+    const QStringList listed = line.split(QStringLiteral(", "));
+    if (listed.size() > 1 && std::all_of(listed.begin(), listed.end(), isFact)) {
+        for (const QString& fact : listed) {
+            readSegment(fact.trimmed());
+        }
+        return true;
+    }
     bool any = false;
     bool prose = false;
     for (const QString& segment : line.split(separator, Qt::SkipEmptyParts)) {
@@ -158,6 +166,14 @@ bool RecipeFacts::readSegment(const QString& segment)
         return true;
     }
     return readLabelled(text) || readBare(text);
+}
+
+bool RecipeFacts::isYield(const QString& line)
+{
+    RecipeDraft scratch;
+    RecipeFacts facts(scratch);
+    return facts.read(line) && !scratch.yield.isEmpty() && !scratch.prepMinutes && !scratch.cookMinutes &&
+           !scratch.totalMinutes;
 }
 
 bool RecipeFacts::isBareLabel(const QString& text)

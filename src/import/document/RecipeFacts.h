@@ -21,13 +21,17 @@ public:
     /// Whether `line` would be read as facts, by itself.
     static bool isFact(const QString& line);
 
+    /// Whether `line` would be read as how much the recipe makes, and nothing else.
+    static bool isYield(const QString& line);
+    /// Whether `text` is a label without a value ("Prep time").
+    static bool isBareLabel(const QString& text);
+
 private:
     enum class Kind { Prep, Cook, Total, Yield, Author, Publisher, Ignored };
     struct Label;
 
     static const QList<Label>& labels();
     bool readSegment(const QString& segment);
-    static bool isBareLabel(const QString& text);
     bool readLabelled(const QString& segment);
     bool readBare(const QString& segment);
     bool store(Kind kind, const QString& value, bool afterColon);

@@ -78,7 +78,7 @@ public:
     void read()
     {
         const Title best = bestTitle();
-        m_draft.title = withoutSectionNumber(best.text);
+        m_draft.title = withoutLabel(withoutSectionNumber(best.text));
         m_draft.summary = summary(m_lines.sliced(best.end));
     }
 
@@ -123,6 +123,18 @@ private:
     }
 
     static QString withoutSectionNumber(QString text) { return text.remove(sectionNumber()); }
+
+    /// "Recipe: Apple cake", as a preprinted card has it.
+    static QString withoutLabel(QString text)
+    {
+        static const QRegularExpression label(
+            QStringLiteral(
+                "^(?:recipe(?: for| name| title)?|dish|title|rezept(?: für)?|gericht|recette(?: de)?|"
+                "receta(?: de)?|ricetta|recept(?: voor| på)?|receita(?: de)?|przepis(?: na)?|"
+                "opskrift(?: på)?)\\s*:\\s*(?=\\S)"),
+            QRegularExpression::CaseInsensitiveOption);
+        return text.remove(label);
+    }
 
     /// The last line that has a subsection's number; -1 where there is none.
     qsizetype numberedSubsection() const

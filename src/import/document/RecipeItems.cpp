@@ -301,6 +301,36 @@ bool isNumberedList(const QList<TextLine>& lines)
 
 } // namespace
 
+std::optional<QStringList> RecipeItems::runIn(const QList<TextLine>& lines)
+{
+    constexpr qsizetype leastSeparators = 2;
+    constexpr qsizetype longestGroup = 40;
+    QString text;
+    for (const TextLine& line : lines) {
+        text = text.isEmpty() ? line.text : joined(text, line.text);
+    }
+    const qsizetype separators = text.count(QStringLiteral("; "));
+    if (separators < leastSeparators || separators + 1 < lines.size()) {
+        return std::nullopt;
+    }
+    QStringList entries;
+    for (QString entry : text.split(QStringLiteral("; "), Qt::SkipEmptyParts)) {
+        entry = entry.trimmed();
+        // "For the sauce: 2 tomatoes"
+        const qsizetype colon = entry.indexOf(QStringLiteral(": "));
+        if (colon > 0 && colon < longestGroup && !LineShape::startsWithAmount(entry) &&
+            LineShape::startsWithAmount(entry.mid(colon + 2))) {
+            entries.append(entry.first(colon + 1));
+            entry = entry.mid(colon + 2);
+        }
+        entries.append(entry);
+    }
+    if (entries.last().endsWith(u'.') || entries.last().endsWith(u';')) {
+        entries.last().chop(1);
+    }
+    return entries;
+}
+
 QStringList RecipeItems::ingredients(const QList<TextLine>& lines)
 {
     const IngredientList list(lines);

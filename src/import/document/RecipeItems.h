@@ -3,6 +3,8 @@
 #include "import/document/TextLine.h"
 #include "model/RecipeStep.h"
 
+#include <optional>
+
 #include <QtCore/QStringList>
 
 namespace ovrin {
@@ -12,6 +14,10 @@ namespace RecipeItems {
 
 /// One string an ingredient, without its bullet; the heading of a group of ingredients ends in a colon.
 QStringList ingredients(const QList<TextLine>& lines);
+
+/// The entries of a list that is set as a text with semicolons between them ("2 eggs; 1 l milk"); nothing
+/// when it is not. Groups as above.
+std::optional<QStringList> runIn(const QList<TextLine>& lines);
 
 /// Numbered, bulleted or bare paragraphs as steps. A heading among them becomes the next step's title.
 QList<RecipeStep> steps(const QList<TextLine>& lines);

@@ -16,7 +16,15 @@ Heading headingOf(const QString& line)
 {
     static const QRegularExpression ornament(QStringLiteral("^[^\\p{L}]+"),
                                              QRegularExpression::UseUnicodePropertiesOption);
+    static const QRegularExpression counted(
+        QStringLiteral(
+            "^\\d{1,5} (?:comments?|replies|responses|kommentare?|commentaires?|comentarios?|commenti|"
+            "reacties|comentários?|komentarz[ey]|kommentarer)\\b.{0,12}$"),
+        QRegularExpression::UseUnicodePropertiesOption | QRegularExpression::CaseInsensitiveOption);
     constexpr qsizetype longestHeading = 48;
+    if (counted.match(line).hasMatch()) {
+        return {HeadingKind::Other, {}};
+    }
     constexpr qsizetype shortestPhrase = 10;
     static const QRegularExpression lead(
         QStringLiteral(

@@ -86,12 +86,18 @@ void joinDropCaps(QList<TextLine>& lines)
 /// Among directions only a label with a colon tells them from the words of a sentence.
 void takeFacts(QList<TextLine>& lines, RecipeDraft& draft, bool onlyLabelled)
 {
+    constexpr qsizetype longestClosing = 30;
     RecipeFacts facts(draft);
+    // "Serves 4." below the last step.
+    if (onlyLabelled && lines.size() > 1 && lines.last().text.size() <= longestClosing &&
+        RecipeFacts::isYield(lines.last().text)) {
+        facts.read(lines.takeLast().text);
+    }
     QList<TextLine> rest;
     bool startsBlock = false;
     for (const TextLine& line : lines) {
         if (RecipeFacts::isFact(line.text) && (line.text.contains(u':') || !onlyLabelled) &&
-            !LineShape::looksLikeStep(line.text)) {
+            !(onlyLabelled && LineShape::looksLikeStep(line.text))) {
             facts.read(line.text);
             startsBlock = true;
             continue;
@@ -117,7 +123,8 @@ RecipeTextParser::Result RecipeTextParser::parseFirst(const QList<TextLine>& lin
     readHead(parts, PageFurniture::siteNames(considered), result.draft);
     takeFacts(parts.ingredients, result.draft, false);
     takeFacts(parts.directions, result.draft, true);
-    result.draft.ingredients = RecipeItems::ingredients(parts.ingredients);
+    result.draft.ingredients =
+        RecipeItems::runIn(parts.ingredients).value_or(RecipeItems::ingredients(parts.ingredients));
     result.draft.steps = RecipeItems::steps(parts.directions);
     return result;
 }

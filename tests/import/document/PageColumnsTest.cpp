@@ -101,6 +101,16 @@ INSTANTIATE_TEST_SUITE_P(Pages, PageColumnsOf, testing::Values(
         "Peel the carrots.       Eat it.\n",
         "#Ingredients/1 onion/2 carrots/3 leeks/#Salt/Pepper/Oil/#Method/"
         "Cut the onion into/small cubes./Peel the carrots./#Boil everything/until it is soft./Eat it."},
+    PageCase{"WhoseLabelsStandBesideTheirTexts",
+        "   Servings       4\n"
+        "  Prep time       10 min\n"
+        "Ingredients       1 onion\n"
+        "                  2 carrots\n"
+        "\n"
+        " Directions       Cut it all into cubes.\n"
+        "                  Boil the cubes.\n",
+        "#Servings/4/Prep time/10 min/Ingredients/1 onion/2 carrots/#Directions/Cut it all into cubes./"
+        "Boil the cubes."},
     PageCase{"OfThree",
         "1 onion           2 eggs            Cut it all.\n"
         "2 carrots         Milk              Boil it.\n"

@@ -263,6 +263,30 @@ TEST(RecipeTextParser, KnowsHeadingsInItsLanguages)
     }
 }
 
+TEST(RecipeTextParser, ReadsAListThatIsSetAsAText)
+{
+    const auto draft = RecipeTextParser::parse(page(
+        "# Cake\nIngredients: 2 eggs; 250 g sugar, the brown\nkind; salt; For the icing: 100 g\nsugar; 1 "
+        "lemon.\nMethod\na) Beat the eggs; add sugar.\nb) Bake them.\nServes 4."));
+    EXPECT_THAT(texts(draft.ingredients), ElementsAre("2 eggs", "250 g sugar, the brown kind", "salt",
+                                                      "For the icing:", "100 g sugar", "1 lemon"));
+    EXPECT_THAT(stepTexts(draft), ElementsAre("Beat the eggs; add sugar.", "Bake them."));
+    EXPECT_EQ(draft.yield, u"4.");
+}
+
+TEST(RecipeTextParser, LeavesOutWhatACardOrAPageSaysOfItself)
+{
+    const auto draft = RecipeTextParser::parse(page(
+        "# Recipe: Soup\nServings 4, prep time 10 min, cook time 1 hour\nIngredients\n2 eggs\n1 l stock\n"
+        "(over)\nMethod\nBoil the eggs.\nIssued 04/2021\n\n3 Comments\nAnna\nWe boil it twice.\n\n86 "
+        "WINTER"));
+    EXPECT_EQ(draft.title, u"Soup");
+    EXPECT_EQ(draft.yield, u"4");
+    EXPECT_EQ(draft.cookMinutes, 60);
+    EXPECT_THAT(texts(draft.ingredients), ElementsAre("2 eggs", "1 l stock"));
+    EXPECT_THAT(stepTexts(draft), ElementsAre("Boil the eggs."));
+}
+
 TEST(RecipeTextParser, TakesCircledNumbersOff)
 {
     const auto draft = RecipeTextParser::parse(
