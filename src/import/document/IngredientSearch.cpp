@@ -213,18 +213,24 @@ LineRange IngredientSearch::withoutIntroduction(LineRange run) const
 
 qsizetype IngredientSearch::methodAbove(LineRange list) const
 {
+    if (m_firstNumber < list.begin) {
+        return m_firstNumber;
+    }
     if (std::any_of(m_isStep.begin() + static_cast<std::ptrdiff_t>(list.end), m_isStep.end(),
                     std::identity())) {
         return list.begin;
-    }
-    if (m_firstNumber < list.begin) {
-        return m_firstNumber;
     }
     qsizetype first = list.begin;
     for (qsizetype i = list.begin - 1; i >= 0; --i) {
         first = isStep(i) && LineShape::startsWithVerb(m_lines[i].text) ? i : first;
     }
     return first;
+}
+
+bool IngredientSearch::hasNumberedSteps(qsizetype begin) const
+{
+    return std::any_of(m_isNumbered.begin() + static_cast<std::ptrdiff_t>(begin), m_isNumbered.end(),
+                       std::identity());
 }
 
 bool IngredientSearch::hasSteps() const
@@ -397,14 +403,18 @@ LineRange IngredientSearch::shortLinedColumn() const
             first = isLargeType(m_lines[i]) || RecipeFacts::isFact(m_lines[i].text) ? i + 1 : first;
         }
         qsizetype listed = 0;
+        bool isMethod = false;
         for (qsizetype i = first; i < end; ++i) {
+            isMethod = isMethod || m_isNumbered[static_cast<std::size_t>(i)];
             const bool endedEarly = i + 1 == end || flow.hadRoom(i + 1);
-            listed += endedEarly && !isStep(i) && !LineShape::startsWithVerb(m_lines[i].text) ? 1 : 0;
+            // Beside a method that is numbered, what is not is the list, however narrow its column.
+            const bool mayBe = endedEarly || (hasNumberedSteps() && mayBeListed(i));
+            listed += mayBe && !isStep(i) && !LineShape::startsWithVerb(m_lines[i].text) ? 1 : 0;
         }
         const bool isBeside = m_lines[begin].columnRight > 0 &&
                               ((begin > 0 && m_lines[begin].page == m_lines[begin - 1].page) ||
                                (end < m_lines.size() && m_lines[end].page == m_lines[end - 1].page));
-        if (isBeside && end - first >= leastLines && end - first < m_lines.size() &&
+        if (isBeside && !isMethod && end - first >= leastLines && end - first < m_lines.size() &&
             listed * 2 >= end - first) {
             return {first, end};
         }

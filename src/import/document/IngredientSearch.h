@@ -31,8 +31,8 @@ public:
     /// Whether some stretch of the lines from `begin` on is like a list by its amounts.
     bool hasList(qsizetype begin) const { return !run(begin).isEmpty(); }
 
-    /// Whether directions are counted up in front.
-    bool hasNumberedSteps() const { return m_firstNumber < m_lines.size(); }
+    /// Whether directions from line `begin` on are counted up in front.
+    bool hasNumberedSteps(qsizetype begin = 0) const;
     /// Whether any line is like a direction.
     bool hasSteps() const;
     /// Where, in a list that begins at `begin` and that no heading ends, the directions begin.

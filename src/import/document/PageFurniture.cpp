@@ -123,7 +123,10 @@ bool isPageName(const QList<TextLine>& lines, qsizetype i)
             "^(?:\\d{1,4}\\s+[\\p{Lu}][\\p{Lu} &,’']{2,40}|[\\p{Lu}][\\p{Lu} &,’']{2,40}\\s+\\d{1,4})$"),
         QRegularExpression::UseUnicodePropertiesOption);
     const bool isLast = i + 1 == lines.size() || lines[i + 1].page != lines[i].page;
-    return isLast && i > 1 && lines[i].startsBlock && name.match(lines[i].text).hasMatch() &&
+    // Of two pages side by side the left one's foot is not the last line.
+    constexpr double foot = 0.9;
+    const bool isAtFoot = isLast ? lines[i].startsBlock : lines[i].place.top() > foot;
+    return isAtFoot && i > 1 && name.match(lines[i].text).hasMatch() &&
            !LineShape::isAllCapitals(lines[i - 1].text) && !LineShape::isAllCapitals(lines[i - 2].text);
 }
 
@@ -207,8 +210,7 @@ QList<TextLine> PageFurniture::removed(const QList<TextLine>& lines)
         const bool numbersPage = inMargin && lines.size() > 4 && isPageNumber(line.text) &&
                                  (i + 1 == lines.size() || lines[i + 1].page != line.page || i == 0 ||
                                   lines[i - 1].page != line.page);
-        if (line.text.isEmpty() || recurs || numbersPage || (inMargin && isPageName(lines, i)) ||
-            isFurniture(line.text)) {
+        if (line.text.isEmpty() || recurs || numbersPage || isPageName(lines, i) || isFurniture(line.text)) {
             continue;
         }
         line.startsBlock = startsBlock;

@@ -94,6 +94,10 @@ RecipeOutline withoutHeadings(const QList<TextLine>& lines)
     if (method < list.begin) {
         result.head = own.first(method);
         result.directions = own.sliced(method, list.begin - method);
+        // It goes on behind the list, as overleaf.
+        if (search.hasNumberedSteps(list.end)) {
+            result.directions += own.sliced(list.end);
+        }
         result.ingredients = own.sliced(list.begin, list.size());
         return result;
     }

@@ -175,6 +175,17 @@ INSTANTIATE_TEST_SUITE_P(Pages, RecipesWithoutHeadings, testing::Values(
         "Fry the guanciale until it is crisp. Boil the spaghetti and mix.\n",
         "Spaghetti: 320 g | 11 oz/Guanciale, cubed: 150 g | 5 oz/Pecorino: 80 g (3 oz)",
         "Fry the guanciale until it is crisp. Boil the spaghetti and mix."},
+    RecipePage{"ListBesideANumberedMethodWithWrappedLines",
+        "Patties\n"
+        "\n"
+        "1 Form patties with the beef, you              1 lb beef\n"
+        "  need no oil.                                 Onion, chopped\n"
+        "2 Place them in a pan on a hot                 Garlic, chopped\n"
+        "  stove.\n"
+        "3 Add salt and pepper.\n",
+        "1 lb beef/Onion, chopped/Garlic, chopped",
+        "Form patties with the beef, you need no oil./Place them in a pan on a hot stove./"
+        "Add salt and pepper."},
     RecipePage{"MethodBesideAListWithAHeading",
         "Soup\n"
         "\n"
