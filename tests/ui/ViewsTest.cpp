@@ -146,6 +146,11 @@ TEST_F(ViewsTest, theMenuOfACardDoesWhatItSays)
     }
     choose(byPointer, 2);
     EXPECT_EQ(model->library()->count(), 0);
+    model->undoDelete();
+    // Resting where the menu comes up, the pointer would choose an entry.
+    QTest::mouseMove(window, {5, 5});
+    choose(byKey, 0);
+    EXPECT_TRUE(recipe->isSaved()) << "right after the card came back";
 }
 
 TEST_F(ViewsTest, theLayoutTurnsAt760)

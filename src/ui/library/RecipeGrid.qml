@@ -101,6 +101,11 @@ FocusScope {
             const at = card.mapFromItem(contentItem, position)
             showMenu(card, at.x, at.y)
         }
+        function showMenuOfCurrent() {
+            // What came and went since the last frame is not laid out yet, and the card may be another one.
+            forceLayout()
+            showMenu(currentItem, Theme.gap6, Theme.gap6)
+        }
         function showMenu(item, x, y) {
             if (!item)
                 return
@@ -141,10 +146,10 @@ FocusScope {
         Keys.onEnterPressed: if (currentItem) currentItem.open()
         Keys.onSpacePressed: if (currentItem) currentItem.open()
         Keys.onDeletePressed: if (currentItem) root.model.deleteRecipe(currentItem.recipeId)
-        Keys.onMenuPressed: showMenu(currentItem, Theme.gap6, Theme.gap6)
+        Keys.onMenuPressed: showMenuOfCurrent()
         Keys.onPressed: event => {
             if (event.key === Qt.Key_F10 && (event.modifiers & Qt.ShiftModifier)) {
-                showMenu(currentItem, Theme.gap6, Theme.gap6)
+                showMenuOfCurrent()
                 event.accepted = true
             }
         }
