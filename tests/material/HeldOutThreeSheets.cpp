@@ -85,7 +85,7 @@ void setSpecSheet(Sheet& sheet, const Recipe& recipe, const Recipe*)
     const double left = sheet.left();
     const double width = sheet.width();
     sheet.at(left + width, QStringLiteral("No. 0412 / Rev. 3"), 8, false, true);
-    sheet.paragraph(QStringLiteral("KITCHEN SPECIFICATION"), {.size = 8, .after = 1});
+    sheet.paragraph(QStringLiteral("KITCHEN STANDARD"), {.size = 8, .after = 1});
     setTitle(sheet, recipe, {.size = 17, .bold = true, .after = 0.5});
     for (const auto& [label, value] : factsOf(recipe)) {
         sheet.at(left + 130, value, 9.5, true);
