@@ -42,13 +42,6 @@ double likenessOf(const TextLine& line, bool isStep)
     return std::clamp(score, -2.0, 2.0);
 }
 
-/// Whether line `i` stands elsewhere than right below the line before. Without places that cannot be told.
-bool mayHaveJumped(const QList<TextLine>& lines, qsizetype i)
-{
-    return lines[i].place.isNull() || lines[i].place.top() < lines[i - 1].place.top() ||
-           lines[i].place.left() > lines[i - 1].place.right();
-}
-
 /// "Three eggs.", "A pinch of salt"
 bool beginsWithCount(const QString& text)
 {
@@ -69,6 +62,12 @@ bool opensGroup(const QString& text)
 bool isLargeType(const TextLine& line)
 {
     return line.relativeHeight >= largeType;
+}
+
+bool mayHaveJumped(const QList<TextLine>& lines, qsizetype i)
+{
+    return lines[i].place.isNull() || lines[i].place.top() < lines[i - 1].place.top() ||
+           lines[i].place.left() > lines[i - 1].place.right();
 }
 
 bool looksLikeTitle(const TextLine& line)

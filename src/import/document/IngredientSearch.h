@@ -77,6 +77,10 @@ private:
 /// Whether the line stands out as a title does, in larger type than the text around it.
 bool isLargeType(const TextLine& line);
 
+/// Whether line `i`, not the first, stands elsewhere than right below the line before. Without places that
+/// cannot be told.
+bool mayHaveJumped(const QList<TextLine>& lines, qsizetype i);
+
 /// Whether the line may be a recipe's name by its words, whatever its type.
 bool looksLikeTitle(const TextLine& line);
 

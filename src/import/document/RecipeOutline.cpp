@@ -14,13 +14,6 @@ namespace {
 /// A title, an ingredient or two, a step.
 constexpr qsizetype leastLines = 4;
 
-/// Whether line `i` stands elsewhere than right below the line before. Without places that cannot be told.
-bool mayHaveJumped(const QList<TextLine>& lines, qsizetype i)
-{
-    return lines[i].place.isNull() || lines[i].place.top() < lines[i - 1].place.top() ||
-           lines[i].place.left() > lines[i - 1].place.right();
-}
-
 /// Where, among the lines before a second list of ingredients, the next recipe's own lines begin.
 qsizetype nextTitle(const QList<TextLine>& lines)
 {

@@ -17,8 +17,8 @@ struct Run
 /// cell of its own in front of a text (a step's number, an amount, a bullet). Columns stay apart.
 QList<Run> assembledLines(QList<Run> runs);
 
-/// The words of letters that are set apart from each other ("S O U P"), a run each, from left to right on one
-/// line. Nothing when they stand as close as letters do.
+/// The words that letters set apart from each other make up ("S O U P"), with a space between any two; the
+/// letters come from left to right and lie on one line. Nothing when they stand as close as letters do.
 std::optional<QString> spacedText(const QList<Run>& letters);
 
 /// Takes apart the ligatures U+FB00 to U+FB06 and changes nothing else.
