@@ -2,11 +2,14 @@
 #include "material/HeldOutThree.h"
 #include "material/HeldOutTwo.h"
 #include "material/Typesetter.h"
+#include "material/Words.h"
 
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
+#include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QImage>
 #include <QtGui/QPainter>
@@ -99,6 +102,46 @@ void set(const Named& one, const Recipe* next, const Target& target)
     }
 }
 
+QJsonObject wordsJson(const Words& words)
+{
+    return {{QStringLiteral("ingredients"), words.ingredients},
+            {QStringLiteral("directions"), words.directions},
+            {QStringLiteral("otherIngredients"), words.otherIngredients},
+            {QStringLiteral("otherDirections"), words.otherDirections},
+            {QStringLiteral("notes"), words.notes},
+            {QStringLiteral("nutrition"), words.nutrition},
+            {QStringLiteral("prep"), words.prep},
+            {QStringLiteral("cook"), words.cook},
+            {QStringLiteral("yield"), words.yield},
+            {QStringLiteral("serves"), words.serves},
+            {QStringLiteral("step"), words.step}};
+}
+
+/// The recipes and the words around them, for pages that are set by something else.
+void writeRecipes(const QList<Named>& recipes, const QString& path)
+{
+    QJsonArray all;
+    for (const auto& [name, recipe] : recipes) {
+        all.append(
+            QJsonObject{{QStringLiteral("name"), name},
+                        {QStringLiteral("title"), recipe.title},
+                        {QStringLiteral("author"), recipe.author},
+                        {QStringLiteral("intro"), recipe.intro},
+                        {QStringLiteral("yield"), recipe.yield},
+                        {QStringLiteral("prepTime"), recipe.prepTime},
+                        {QStringLiteral("cookTime"), recipe.cookTime},
+                        {QStringLiteral("ingredients"), QJsonArray::fromStringList(recipe.ingredients)},
+                        {QStringLiteral("steps"), QJsonArray::fromStringList(recipe.steps)},
+                        {QStringLiteral("notes"), QJsonArray::fromStringList(recipe.notes)},
+                        {QStringLiteral("language"), recipe.language},
+                        {QStringLiteral("words"), wordsJson(wordsOf(recipe.language))}});
+    }
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly)) {
+        file.write(QJsonDocument(all).toJson());
+    }
+}
+
 /// The recipe after this one that is in the same language.
 const Recipe* nextOf(const QList<Named>& recipes, qsizetype index)
 {
@@ -146,6 +189,7 @@ int main(int argc, char** argv)
             }
         }
     }
+    writeRecipes(recipes, target.folder.filePath(QStringLiteral("recipes.json")));
     for (qsizetype i = 0; i < recipes.size(); ++i) {
         set(recipes[i], nextOf(recipes, i), target);
     }
