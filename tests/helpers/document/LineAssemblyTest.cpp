@@ -1,4 +1,5 @@
 #include "helpers/document-reader/document/LineAssembly.h"
+#include "helpers/document-reader/document/TypeSize.h"
 
 #include "reader/DocumentMessage.h"
 
@@ -99,4 +100,28 @@ TEST(DocumentAnswer, GoesThereAndBackAndRefusesWhatIsBroken)
     EXPECT_FALSE(reader::DocumentAnswer::decoded(wild.encoded()));
     const reader::DocumentAnswer many{QList<QList<reader::PageLine>>(reader::maximumPages + 1)};
     EXPECT_FALSE(reader::DocumentAnswer::decoded(many.encoded()));
+}
+
+TEST(TypeSize, TakesTheHeightFromTheLettersWhereTheFontDoesNotSayIt)
+{
+    // "Lentil soup" in 24 points, "with lemon" in 12: browsers' fonts give heights off by one factor.
+    const auto heights = [](double factor) {
+        std::vector<Word> words{{QStringLiteral("Lentil"), {50, 0, 72, 29 * factor}},
+                                {QStringLiteral("soup"), {130, 0, 55, 29 * factor}},
+                                {QStringLiteral("with"), {50, 40, 24, 14 * factor}},
+                                {QStringLiteral("lemon"), {80, 40, 36, 14 * factor}},
+                                {QStringLiteral("2"), {300, 40, 7, 9 * factor}}};
+        std::vector<double> result;
+        for (const Word& word : withTrueHeights(std::move(words))) {
+            result.push_back(word.box.height());
+        }
+        return result;
+    };
+    EXPECT_THAT(heights(1), testing::ElementsAre(29, 29, 14, 14, 9));
+    for (const double factor : {0.4, 2.1}) {
+        EXPECT_THAT(heights(factor),
+                    testing::Pointwise(testing::DoubleNear(4), std::vector<double>{29, 29, 14, 14, 9}))
+            << factor;
+    }
+    EXPECT_TRUE(withTrueHeights({}).empty());
 }

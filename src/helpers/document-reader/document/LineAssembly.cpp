@@ -43,7 +43,11 @@ bool startsWithNumberOrMark(const QString& text)
 
 void append(Run& line, const Run& more)
 {
-    line.text += u' ' + more.text;
+    // Signs from another font follow without a space: the text layer parts them all the same.
+    constexpr double narrowestSpace = 0.08;
+    const bool touches = more.box.left() - line.box.right() < narrowestSpace * line.box.height();
+    const bool isCell = isLeadingCell(line.text) || isLeadingCell(more.text);
+    line.text += (touches && !isCell ? QString() : QStringLiteral(" ")) + more.text;
     const double top = line.box.top();
     const double bottom = line.box.bottom();
     line.box |= more.box;

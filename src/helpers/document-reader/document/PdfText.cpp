@@ -1,14 +1,15 @@
 #include "helpers/document-reader/document/PdfText.h"
 
 #include "helpers/document-reader/document/LineAssembly.h"
+#include "helpers/document-reader/document/TypeSize.h"
 
 #include <poppler-qt6.h>
 
 #include <QtCore/QBuffer>
-#include <QtCore/QSet>
 
 #include <algorithm>
 #include <memory>
+#include <unordered_map>
 
 namespace ovrin::documentreader {
 
@@ -17,37 +18,53 @@ namespace {
 /// Far more than any page holds, and few enough to be put together in no time.
 constexpr qsizetype maximumWordsPerPage = 20000;
 
-using Words = std::vector<std::unique_ptr<Poppler::TextBox>>;
+std::vector<Word> wordsOf(const Poppler::Page& page)
+{
+    const auto boxes = page.textList();
+    if (boxes.size() > maximumWordsPerPage) {
+        return {};
+    }
+    std::unordered_map<const Poppler::TextBox*, qsizetype> indexes;
+    for (const auto& box : boxes) {
+        indexes.emplace(box.get(), static_cast<qsizetype>(indexes.size()));
+    }
+    std::vector<Word> words;
+    words.reserve(boxes.size());
+    for (const auto& box : boxes) {
+        const auto next = indexes.find(box->nextWord());
+        words.push_back({box->text(), box->boundingBox(), box->hasSpaceAfter(),
+                         next == indexes.end() ? -1 : next->second});
+    }
+    return words;
+}
 
 /// A large first letter beside the lines that it begins: on the line of another than its own word.
-bool isInitial(const Poppler::TextBox& word)
+bool isInitial(const Word& word, const std::vector<Word>& words)
 {
     constexpr double leastRise = 1.5;
-    const Poppler::TextBox* const next = word.nextWord();
-    return next != nullptr && word.text().size() == 1 && word.text().front().isUpper() &&
-           word.boundingBox().height() > leastRise * next->boundingBox().height();
+    return word.next >= 0 && word.text.size() == 1 && word.text.front().isUpper() &&
+           word.box.height() > leastRise * words[word.next].box.height();
 }
 
 /// The words that follow `first` on its line. The height is that of the longest word: a sign from another
 /// font (a fraction, a bullet) may be much taller than the line's type.
-Run runFrom(const Poppler::TextBox* first)
+Run runFrom(qsizetype first, const std::vector<Word>& words)
 {
     Run run;
     QRectF tallness;
     qsizetype longest = 0;
     QList<Run> pieces;
-    for (const auto* word = first; word != nullptr && run.text.size() < reader::maximumLineLength;
-         word = word->nextWord()) {
-        const QRectF box = word->boundingBox();
-        run.text += word->text();
-        run.text += word->hasSpaceAfter() && word->nextWord() != nullptr ? QStringLiteral(" ") : QString();
-        run.box |= box;
-        pieces.append({word->text(), box});
-        if (word->text().size() > longest) {
-            longest = word->text().size();
-            tallness = box;
+    for (qsizetype i = first; i >= 0 && run.text.size() < reader::maximumLineLength; i = words[i].next) {
+        const Word& word = words[i];
+        run.text += word.text;
+        run.text += word.hasSpaceAfter && word.next >= 0 ? QStringLiteral(" ") : QString();
+        run.box |= word.box;
+        pieces.append({word.text, word.box});
+        if (word.text.size() > longest) {
+            longest = word.text.size();
+            tallness = word.box;
         }
-        if (isInitial(*word)) {
+        if (isInitial(word, words)) {
             break;
         }
     }
@@ -57,18 +74,18 @@ Run runFrom(const Poppler::TextBox* first)
     return run;
 }
 
-QList<Run> runsOf(const Words& words)
+QList<Run> runsOf(const std::vector<Word>& words)
 {
-    QSet<const Poppler::TextBox*> followers;
-    for (const auto& word : words) {
-        if (!isInitial(*word)) {
-            followers.insert(word->nextWord());
+    std::vector<bool> follows(words.size(), false);
+    for (const Word& word : words) {
+        if (word.next >= 0 && !isInitial(word, words)) {
+            follows[word.next] = true;
         }
     }
     QList<Run> runs;
-    for (const auto& word : words) {
-        if (!followers.contains(word.get())) {
-            Run run = runFrom(word.get());
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        if (!follows[i]) {
+            Run run = runFrom(static_cast<qsizetype>(i), words);
             if (!run.text.isEmpty()) {
                 runs.append(run);
             }
@@ -77,12 +94,24 @@ QList<Run> runsOf(const Words& words)
     return runs;
 }
 
-QList<reader::PageLine> linesOf(const Poppler::Page& page)
+/// Whether the page at `index` has a font whose glyphs are drawings.
+bool hasDrawnGlyphs(const Poppler::Document& document, int index)
 {
-    Words words = page.textList();
-    const QSizeF size = page.pageSizeF();
-    if (size.isEmpty() || words.size() > maximumWordsPerPage) {
+    const QList<Poppler::FontInfo> fonts = document.newFontIterator(index)->next();
+    return std::any_of(fonts.begin(), fonts.end(),
+                       [](const Poppler::FontInfo& font) { return font.type() == Poppler::FontInfo::Type3; });
+}
+
+QList<reader::PageLine> linesOf(const Poppler::Document& document, int index)
+{
+    const std::unique_ptr<Poppler::Page> page = document.page(index);
+    const QSizeF size = page ? page->pageSizeF() : QSizeF();
+    if (size.isEmpty()) {
         return {};
+    }
+    std::vector<Word> words = wordsOf(*page);
+    if (hasDrawnGlyphs(document, index)) {
+        words = withTrueHeights(std::move(words));
     }
     QList<reader::PageLine> lines;
     for (const Run& run : assembledLines(runsOf(words))) {
@@ -112,9 +141,8 @@ std::optional<reader::DocumentAnswer> pdfText(const QByteArray& bytes)
     reader::DocumentAnswer answer;
     const int pages = std::min(document->numPages(), reader::maximumPages);
     for (int i = 0; i < pages; ++i) {
-        const std::unique_ptr<Poppler::Page> page = document->page(i);
         // A page that cannot be fetched counts, so that the pages after it keep their place.
-        answer.pages.append(page ? linesOf(*page) : QList<reader::PageLine>());
+        answer.pages.append(linesOf(*document, i));
     }
     return answer;
 }
