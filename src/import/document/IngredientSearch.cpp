@@ -8,6 +8,7 @@
 #include <QtCore/QRegularExpression>
 
 #include <algorithm>
+#include <cmath>
 #include <functional>
 
 namespace ovrin {
@@ -93,29 +94,69 @@ IngredientSearch::IngredientSearch(const QList<TextLine>& lines)
     markNumberedSteps();
 }
 
+/// The text from line `i`, a number's, on to the line before `end`, without the number.
+QString IngredientSearch::numberedText(qsizetype i, qsizetype end) const
+{
+    constexpr qsizetype longestStep = 12;
+    QString text = LineShape::numbered(m_lines[i].text)->rest;
+    for (qsizetype k = i + 1; k < std::min(end, i + longestStep); ++k) {
+        text += u' ' + m_lines[k].text;
+    }
+    return text.trimmed();
+}
+
+/// The lines from `begin` on whose numbers count up from 1, and how many of them stand in front of directions
+/// rather than of what they may be amounts of.
+IngredientSearch::Count IngredientSearch::countFrom(qsizetype begin) const
+{
+    Count count;
+    for (qsizetype i = begin; i < m_lines.size(); ++i) {
+        const auto number = LineShape::numbered(m_lines[i].text);
+        const bool isAmount =
+            LineShape::isBareNumber(m_lines[i].text) && LineShape::startsWithMeasure(m_lines[i].text);
+        if (number && number->number == static_cast<int>(count.lines.size()) + 1 && !isAmount) {
+            count.lines.push_back(i);
+        }
+    }
+    for (std::size_t k = 0; k < count.lines.size(); ++k) {
+        const qsizetype end = k + 1 < count.lines.size() ? count.lines[k + 1] : m_lines.size();
+        const QString text = numberedText(count.lines[k], end);
+        count.steps += LineShape::isProse(text) || LineShape::startsWithVerb(text) ? 1 : 0;
+    }
+    return count;
+}
+
 /// Bare numbers that count up in front of directions are no amounts, though they look it.
 void IngredientSearch::markNumberedSteps()
 {
-    std::vector<std::size_t> counted;
-    qsizetype steps = 0;
-    for (qsizetype i = 0; i < m_lines.size(); ++i) {
+    constexpr qsizetype mostStarts = 24;
+    Count best;
+    qsizetype starts = 0;
+    for (qsizetype i = 0; i < m_lines.size() && starts < mostStarts; ++i) {
         const auto number = LineShape::numbered(m_lines[i].text);
-        if (number && number->number == static_cast<int>(counted.size()) + 1 && number->rest.size() > 1) {
-            counted.push_back(static_cast<std::size_t>(i));
-            steps +=
-                LineShape::looksLikeStep(number->rest) || LineShape::startsWithVerb(number->rest) ? 1 : 0;
+        if (number && number->number == 1) {
+            // Of two lines with a 1 before the 2 the first one is an amount.
+            const Count count = countFrom(i);
+            const bool isCloser = best.lines.size() > 1 && i < best.lines[1];
+            if (count.surplus() > best.surplus() || (isCloser && count.surplus() == best.surplus())) {
+                best = count;
+            }
+            ++starts;
         }
     }
     m_firstNumber = m_lines.size();
     m_isNumbered.assign(m_isStep.size(), false);
-    if (steps < 2 || steps * 2 < static_cast<qsizetype>(counted.size())) {
+    const bool isOnlyStep = best.lines.size() == 1 && best.steps == 1 && best.lines.front() > 0 &&
+                            m_lines[best.lines.front()].columnRight > 0 &&
+                            mayHaveJumped(m_lines, best.lines.front());
+    if (!isOnlyStep && (best.steps < 2 || best.surplus() < 0)) {
         return;
     }
-    m_firstNumber = static_cast<qsizetype>(counted.front());
-    for (const std::size_t i : counted) {
-        m_isStep[i] = true;
-        m_isNumbered[i] = true;
-        m_likeness[i] = -1.5;
+    m_firstNumber = best.lines.front();
+    for (const qsizetype i : best.lines) {
+        m_isStep[static_cast<std::size_t>(i)] = true;
+        m_isNumbered[static_cast<std::size_t>(i)] = true;
+        m_likeness[static_cast<std::size_t>(i)] = -1.5;
     }
 }
 
@@ -301,7 +342,8 @@ qsizetype IngredientSearch::methodBlock(qsizetype begin) const
 
 qsizetype IngredientSearch::directionsBegin(qsizetype begin) const
 {
-    for (const qsizetype found : {firstNumberedStep(begin), behindBullets(begin), methodBlock(begin)}) {
+    for (const qsizetype found :
+         {firstNumberedStep(begin), m_firstNumber, behindBullets(begin), methodBlock(begin)}) {
         if (found > begin && found < m_lines.size()) {
             return found;
         }
@@ -321,18 +363,41 @@ qsizetype IngredientSearch::directionsBegin(qsizetype begin) const
     return score > bestScore ? m_lines.size() : best;
 }
 
+/// Whether line `i` is set off from the text around it by its type or by capitals, and names no group.
+bool IngredientSearch::isSetOff(qsizetype i) const
+{
+    constexpr double largerType = 1.12;
+    const TextLine& line = m_lines[i];
+    return looksLikeTitle(line) && (line.startsBlock || i == 0) && !opensGroup(line.text) &&
+           (line.relativeHeight >= largerType || LineShape::isAllCapitals(line.text));
+}
+
+/// Whether line `i` looks as the first line does, which is set off as a title is.
+bool IngredientSearch::isTwinOfFirst(qsizetype i) const
+{
+    constexpr double sameType = 0.04;
+    const TextLine& line = m_lines[i];
+    const TextLine& first = m_lines.first();
+    return isSetOff(0) && isSetOff(i) && std::abs(line.relativeHeight - first.relativeHeight) < sameType &&
+           LineShape::isAllCapitals(line.text) == LineShape::isAllCapitals(first.text);
+}
+
 qsizetype IngredientSearch::furtherRecipe(qsizetype begin) const
 {
     constexpr qsizetype linesToItsList = 16;
-    for (qsizetype i = begin; i < m_lines.size(); ++i) {
-        if (!isLargeType(m_lines[i]) || !looksLikeTitle(m_lines[i])) {
+    bool isMethodAbove = false;
+    for (qsizetype i = 0; i < m_lines.size(); ++i) {
+        const bool mayName =
+            (isLargeType(m_lines[i]) && looksLikeTitle(m_lines[i])) || (isMethodAbove && isSetOff(i));
+        isMethodAbove = isMethodAbove || isStep(i);
+        if (i < begin || !mayName) {
             continue;
         }
         qsizetype certain = 0;
         for (qsizetype k = i + 1; k < std::min(m_lines.size(), i + linesToItsList); ++k) {
             certain += isCertain(k) ? 1 : 0;
         }
-        if (certain >= 3) {
+        if (certain >= 3 || isTwinOfFirst(i)) {
             return i;
         }
     }

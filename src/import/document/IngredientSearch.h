@@ -43,12 +43,24 @@ public:
     /// Where a list under a heading is followed by running text of the page: a spanning introduction that
     /// stands higher than the list's end, but is read after its column.
     qsizetype listEnd() const;
-    /// The first line from `begin` on of a further recipe without headings: large type, and soon after it a
-    /// list of ingredients.
+    /// The first line from `begin` on of a further recipe without headings: in large type, or set off as the
+    /// first line is where a method has ended, and soon after it a list of ingredients.
     qsizetype furtherRecipe(qsizetype begin) const;
 
 private:
+    struct Count
+    {
+        std::vector<qsizetype> lines;
+        qsizetype steps = 0;
+
+        qsizetype surplus() const { return 2 * steps - static_cast<qsizetype>(lines.size()); }
+    };
+
+    Count countFrom(qsizetype begin) const;
+    QString numberedText(qsizetype i, qsizetype end) const;
     void markNumberedSteps();
+    bool isSetOff(qsizetype i) const;
+    bool isTwinOfFirst(qsizetype i) const;
     bool isCertain(qsizetype i) const;
     bool isStep(qsizetype i) const { return m_isStep[static_cast<std::size_t>(i)]; }
     double likeness(qsizetype i) const { return m_likeness[static_cast<std::size_t>(i)]; }

@@ -1,6 +1,7 @@
 #include "import/document/LineFlow.h"
 
 #include "import/document/LineShape.h"
+#include "import/document/PageMeasure.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,13 +14,6 @@ namespace {
 constexpr double sameEdge = 0.7;
 /// Blank spaces that differ by less than this are one size, in heights of a line.
 constexpr double sameGap = 0.09;
-
-double medianOf(std::vector<double> values)
-{
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
 
 bool isMost(qsizetype some, qsizetype all)
 {
@@ -96,14 +90,9 @@ bool LineFlow::followsDown(qsizetype i) const
 
 void LineFlow::measure()
 {
-    std::vector<double> letters;
-    std::vector<double> heights;
-    for (const TextLine& line : m_lines) {
-        letters.push_back(line.place.width() / std::max(1.0, LineShape::estimatedWidth(line.text)));
-        heights.push_back(line.place.height());
-    }
-    m_letter = medianOf(letters);
-    m_height = medianOf(heights);
+    const PageMeasure measure = PageMeasure::of(m_lines);
+    m_letter = measure.letter;
+    m_height = measure.height;
     for (qsizetype begin = 0; begin < m_lines.size();) {
         double edge = m_lines[begin].place.left();
         double reach = m_lines[begin].place.right();

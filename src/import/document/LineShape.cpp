@@ -115,6 +115,13 @@ std::optional<LineShape::Numbered> LineShape::numbered(const QString& text)
     return std::nullopt;
 }
 
+std::optional<LineShape::Numbered> LineShape::counted(const QString& text)
+{
+    static const QRegularExpression bare = pattern(u"^(\\d{1,2})\\s+([\\p{Ll}\\d].*)$");
+    const auto match = bare.match(text);
+    return match.hasMatch() ? Numbered{match.captured(1).toInt(), match.captured(2)} : numbered(text);
+}
+
 bool LineShape::isBareNumber(const QString& text)
 {
     static const QRegularExpression bare = pattern(u"^\\d{1,2}(?:\\s|$)");
@@ -146,6 +153,11 @@ bool LineShape::isBareAmount(const QString& text)
         pattern(u"^[\\d½¼¾⅓⅔⅛⅜⅝⅞⅕⅖⅗⅘⅙⅚][\\d\\s.,/⁄½¼¾⅓⅔⅛⅜⅝⅞⅕⅖⅗⅘⅙⅚–-]*(\\p{L}{0,12}\\.?)$");
     const auto match = amount.match(text);
     return match.hasMatch() && (match.captured(1).isEmpty() || hasUnitAfterAmount(text));
+}
+
+bool LineShape::startsWithMeasure(const QString& text)
+{
+    return startsWithAmount(text) && hasUnitAfterAmount(withoutBullet(text));
 }
 
 bool LineShape::endsSentence(const QString& text)

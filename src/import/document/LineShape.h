@@ -19,6 +19,10 @@ struct Numbered
 /// "2. Stir", "2) Stir", "Step 2: Stir", "Schritt 2", and a bare number alone or before a capital ("2 Stir").
 std::optional<Numbered> numbered(const QString& text);
 
+/// A number in front, whatever follows ("9 add the rest"): what `numbered` leaves out because it is more
+/// often an amount, but is none where it is the next one of a count.
+std::optional<Numbered> counted(const QString& text);
+
 /// Whether the number stands bare, so that it may as well be an amount ("2 Eggs").
 bool isBareNumber(const QString& text);
 
@@ -27,6 +31,9 @@ QString withoutBullet(const QString& text);
 
 /// A digit or a fraction first, perhaps behind a bullet.
 bool startsWithAmount(const QString& text);
+
+/// An amount and its unit first: "200 g flour".
+bool startsWithMeasure(const QString& text);
 
 /// An amount with nothing that it is an amount of: "200 g", "1½", "2 cups".
 bool isBareAmount(const QString& text);

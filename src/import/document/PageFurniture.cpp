@@ -130,6 +130,13 @@ bool isPageName(const QList<TextLine>& lines, qsizetype i)
            !LineShape::isAllCapitals(lines[i - 1].text) && !LineShape::isAllCapitals(lines[i - 2].text);
 }
 
+/// Whether the line stands where a page's number does; true where nobody knows.
+bool isAtEdge(const TextLine& line)
+{
+    constexpr double edge = 0.12;
+    return line.place.isNull() || line.place.bottom() < edge || line.place.top() > 1 - edge;
+}
+
 } // namespace
 
 bool PageFurniture::isStatusBar(const QString& line)
@@ -152,7 +159,8 @@ bool PageFurniture::isFurniture(const QString& line)
 {
     static const QList<QRegularExpression> forms{
         // Addresses, alone or behind a word such as "Printed from".
-        pattern(QStringLiteral("^(?:[\\p{L} ]{0,24}[: ]\\s*)?(?:https?://|www\\.)\\S+(?:\\s+\\d+/\\d+)?$")),
+        pattern(QStringLiteral(
+            "^(?:[\\p{L} ]{0,24}[: ]\\s*)?(?:https?://|www\\.|file:/|about:)\\S+(?:\\s+\\d+/\\d+)?$")),
         pattern(QStringLiteral(
             "^[a-z0-9-]+(?:\\.[a-z0-9-]+)*\\.(?:com|org|net|de|fr|es|it|nl|pt|pl|se|dk|co\\.uk|"
             "example|recipes|blog|kitchen)(?:/\\S*)?$")),
@@ -207,7 +215,7 @@ QList<TextLine> PageFurniture::removed(const QList<TextLine>& lines)
         const bool inMargin = margin.lines.contains(i);
         const bool recurs = inMargin && line.relativeHeight < largeType &&
                             margin.recurring.contains(withoutNumbers(line.text));
-        const bool numbersPage = inMargin && lines.size() > 4 && isPageNumber(line.text) &&
+        const bool numbersPage = inMargin && lines.size() > 4 && isPageNumber(line.text) && isAtEdge(line) &&
                                  (i + 1 == lines.size() || lines[i + 1].page != line.page || i == 0 ||
                                   lines[i - 1].page != line.page);
         if (line.text.isEmpty() || recurs || numbersPage || isPageName(lines, i) || isFurniture(line.text)) {

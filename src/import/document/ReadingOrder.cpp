@@ -1,4 +1,5 @@
 #include "import/document/DocumentTextReader.h"
+#include "import/document/PageMeasure.h"
 
 #include <QtCore/QRegularExpression>
 
@@ -19,9 +20,7 @@ double medianHeight(const QList<TextBox>& boxes)
     for (const TextBox& box : boxes) {
         heights.push_back(box.rect.height());
     }
-    const auto middle = heights.begin() + static_cast<std::ptrdiff_t>(heights.size() / 2);
-    std::nth_element(heights.begin(), middle, heights.end());
-    return *middle;
+    return medianOf(std::move(heights));
 }
 
 void sortByTop(QList<TextBox>& boxes)

@@ -2,6 +2,7 @@
 
 #include "import/document/LineFlow.h"
 #include "import/document/LineShape.h"
+#include "import/document/PageMeasure.h"
 #include "import/document/RecipeTextParser.h"
 #include "import/document/RecipeWords.h"
 
@@ -58,8 +59,7 @@ double medianWidth(const QList<TextLine>& lines)
     for (const TextLine& line : lines) {
         widths.push_back(LineShape::estimatedWidth(line.text));
     }
-    std::sort(widths.begin(), widths.end());
-    return widths.empty() ? 0 : widths[widths.size() / 2];
+    return widths.empty() ? 0 : medianOf(std::move(widths));
 }
 
 QString lastWord(const QString& text)
@@ -168,10 +168,11 @@ public:
     {
         const TextLine& line = m_lines[i];
         const QString& text = line.text;
-        if (text.endsWith(u':') && text.size() < 60) {
-            return true;
-        }
         const bool last = i + 1 == m_lines.size();
+        if (text.endsWith(u':') && text.size() < 60) {
+            // "Herbs of your choice:" at a line's end goes on in the next one.
+            return last || m_flow.verdict(i + 1) != LineFlow::Verdict::Continues;
+        }
         if (last || LineShape::startsWithAmount(text) || LineShape::hasBullet(text) || text.size() > 40 ||
             LineShape::endsSentence(text) || !text.front().isUpper() || text.contains(u',')) {
             return false;

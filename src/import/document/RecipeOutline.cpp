@@ -2,6 +2,7 @@
 
 #include "import/document/IngredientSearch.h"
 #include "import/document/LineShape.h"
+#include "import/document/PageMeasure.h"
 #include "import/document/RecipeSections.h"
 
 #include <algorithm>
@@ -73,15 +74,19 @@ RecipeOutline withoutHeadings(const QList<TextLine>& lines)
     QList<TextLine> own = firstWhole(lines);
     const qsizetype further = IngredientSearch(own).furtherRecipe(1);
     // Two titles with lists of their own: only the first one's lines are looked at.
-    if (further < own.size() && IngredientSearch(own.first(further)).hasList(0)) {
+    if (further < own.size() && !IngredientSearch(own.first(further)).list().isEmpty()) {
         own = own.first(further);
     }
     result.hasMoreRecipes = own.size() < lines.size();
     const IngredientSearch search(own);
-    const LineRange list = search.list();
+    LineRange list = search.list();
     if (list.isEmpty()) {
         result.head = own;
         return result;
+    }
+    // Whatever it looks like, the first line names the recipe where it stands apart from the list.
+    if (list.begin == 0 && list.size() > 1 && own[1].startsBlock && looksLikeTitle(own[0])) {
+        list.begin = 1;
     }
     const qsizetype method = search.methodAbove(list);
     if (method < list.begin) {
@@ -153,7 +158,7 @@ qsizetype methodEnd(const QList<TextLine>& lines)
     int expected = 1;
     qsizetype last = 0;
     for (qsizetype i = 0; i < lines.size(); ++i) {
-        const auto number = LineShape::numbered(lines[i].text);
+        const auto number = LineShape::counted(lines[i].text);
         if (number && number->number == expected) {
             ++expected;
             last = i;
@@ -164,7 +169,7 @@ qsizetype methodEnd(const QList<TextLine>& lines)
     }
     for (qsizetype i = last + 1; i < lines.size(); ++i) {
         if (lines[i].startsBlock && lines[i].page == lines[i - 1].page && mayHaveJumped(lines, i) &&
-            LineShape::endsSentence(lines[i - 1].text) && !LineShape::numbered(lines[i].text)) {
+            LineShape::endsSentence(lines[i - 1].text) && !LineShape::counted(lines[i].text)) {
             return i;
         }
     }
@@ -178,11 +183,13 @@ qsizetype smallTypeBegin(const QList<TextLine>& lines)
     for (const TextLine& line : lines) {
         heights.push_back(line.relativeHeight);
     }
-    const auto middle = heights.begin() + static_cast<std::ptrdiff_t>(heights.size() / 2);
-    std::nth_element(heights.begin(), middle, heights.end());
+    if (heights.empty()) {
+        return 0;
+    }
     constexpr double smaller = 0.92;
+    const double small = smaller * medianOf(std::move(heights));
     qsizetype begin = lines.size();
-    while (begin > 0 && lines[begin - 1].relativeHeight < smaller * *middle) {
+    while (begin > 0 && lines[begin - 1].relativeHeight < small) {
         --begin;
     }
     return begin;

@@ -27,6 +27,8 @@ public:
             sentences += LineShape::endsSentence(line.text) ? 1 : 0;
             const auto number = LineShape::numbered(line.text);
             expected += number && number->number == expected ? 1 : 0;
+            m_hasBareNumbers =
+                m_hasBareNumbers || (number && number->number == 1 && LineShape::isBareNumber(line.text));
         }
         m_isNumbered = expected > 2 || (expected == 2 && LineShape::numbered(lines.first().text));
         m_isBulleted = bullets >= 2;
@@ -42,7 +44,9 @@ public:
         if (!m_isNumbered) {
             return std::nullopt;
         }
-        auto number = LineShape::numbered(m_lines[i].text);
+        // "9 add the rest" stands apart, as an amount inside a step does not.
+        const bool isApart = m_hasBareNumbers && m_lines[i].startsBlock && expected > 1;
+        auto number = isApart ? LineShape::counted(m_lines[i].text) : LineShape::numbered(m_lines[i].text);
         // A later part of the method may count from 1 again.
         const bool restarts = number && number->number == 1 && expected > 1 &&
                               !LineShape::isBareNumber(m_lines[i].text) && i > 0 &&
@@ -98,6 +102,8 @@ private:
     const QList<TextLine>& m_lines;
     LineFlow m_flow;
     bool m_isNumbered = false;
+    /// "1 Boil": without a full stop.
+    bool m_hasBareNumbers = false;
     bool m_isBulleted = false;
     bool m_isOneLineEach = false;
 };

@@ -2,6 +2,7 @@
 
 #include "import/document/LineFlow.h"
 #include "import/document/PageColumns.h"
+#include "import/document/RecipeItems.h"
 #include "import/document/RecipeTextParser.h"
 
 using namespace ovrin;
@@ -250,4 +251,17 @@ TEST(RecipePages, AreLookedAtUpToALimitOfLines)
 {
     QList<TextLine> lines(24000, TextLine{QStringLiteral("1 egg")});
     EXPECT_LE(RecipeTextParser::parse(lines).ingredients.size(), 3000);
+}
+
+TEST(LineFlow, LetsAColonAtALinesEndHeadAGroupOnlyWhereNoRestFollows)
+{
+    const QStringList entries =
+        RecipeItems::ingredients(PageColumns::regrouped(pagePicture("2 cups of flour, as fine as you have\n"
+                                                                    "1 cup of the herbs of your own choice:\n"
+                                                                    "   parsley and cumin\n"
+                                                                    "For the sauce:\n"
+                                                                    "1 egg")));
+    EXPECT_EQ(entries.size(), 4);
+    EXPECT_EQ(entries.value(1), u"1 cup of the herbs of your own choice: parsley and cumin");
+    EXPECT_EQ(entries.value(2), u"For the sauce:");
 }

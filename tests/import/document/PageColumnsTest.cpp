@@ -1,6 +1,7 @@
 #include "PagePicture.h"
 
 #include "import/document/PageColumns.h"
+#include "import/document/PageFurniture.h"
 
 using namespace ovrin;
 
@@ -135,6 +136,24 @@ INSTANTIATE_TEST_SUITE_P(Pages, PageColumnsOf, testing::Values(
         "                     E\n"
         "                     F\n",
         "#A/B/C/D/E/F"},
+    PageCase{"InTilesThatAreCountedAlongTheRows",
+        "Potato soup for two\n"
+        "\n"
+        "4 potatoes        1 Peel the        2 boil them in     3 Mash them\n"
+        "1 Leek            potatoes.         the stock.         well.\n"
+        "Salt\n"
+        "Stock             4 Cut the leek    5 10 minutes\n"
+        "                  small.            later add it.\n"
+        "\n"
+        "A soup that everybody likes on a cold evening in winter, and not only then\n",
+        "#Potato soup for two/#4 potatoes/1 Leek/Salt/Stock/#1. Peel the/potatoes./#2. boil them in/the stock./"
+        "#3. Mash them/well./#4. Cut the leek/small./#5. 10 minutes/later add it./"
+        "#A soup that everybody likes on a cold evening in winter, and not only then"},
+    PageCase{"OfAListWhoseAmountsCountUp",
+        "1 onion, chopped        2 red peppers\n"
+        "200 g rice              1 l stock\n"
+        "3 leeks                 4 tomatoes\n",
+        "#1 onion, chopped/200 g rice/3 leeks/#2 red peppers/1 l stock/4 tomatoes"},
     PageCase{"WhoseCellsMakeUpATable",
         "Flour               200 g\n"
         "Sugar, brown        1 cup\n"
@@ -159,4 +178,18 @@ TEST(PageColumns, LeaveLinesWithoutPlacesAndPagesOfTooManyLinesAsTheyAre)
         lines.append({QString::number(i), false, 1, 0, {i % 2 * 0.5, 1 - i / 2000.0, 0.1, 0.0004}});
     }
     EXPECT_EQ(PageColumns::regrouped(lines), lines);
+}
+
+TEST(PageColumns, LeaveNumbersInsideThePageToTheRecipe)
+{
+    const QList<TextLine> cells = pagePicture("\n\n\n\n\n\n\n\n\n\n"
+                                              "  8               Boil the\n"
+                                              "                  carrots.\n"
+                                              "  9               Eat them\n"
+                                              "                  all.",
+                                              1);
+    EXPECT_EQ(PageFurniture::removed(cells).size(), cells.size());
+    QList<TextLine> withNumber = cells;
+    withNumber.append({QStringLiteral("8"), true, 1, 1, {0.5, 0.96, 0.02, 0.02}});
+    EXPECT_EQ(PageFurniture::removed(withNumber), cells);
 }

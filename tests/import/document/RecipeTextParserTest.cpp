@@ -238,6 +238,33 @@ Cook it down.
     EXPECT_THAT(stepTexts(result.draft), ElementsAre("Chop the parsley and mix it with the eggs."));
 }
 
+TEST(RecipeTextParser, TakesTheFirstOfTwoRecipesThatLookAlike)
+{
+    for (const char* list : {"2 eggs\n1 l stock\n3 carrots", "Eggs\nStock\nCarrots"}) {
+        const auto result = RecipeTextParser::parseFirst(
+            page((std::string("EGG SOUP\n\n") + list +
+                  "\n\nBoil the carrots in the stock until they are soft.\nAdd the eggs.\n\nRICE SOUP\n\n"
+                  "Rice\nStock\nLeeks\n\nBoil the rice and the leeks in the stock for half an hour.")
+                     .c_str()));
+        EXPECT_TRUE(result.hasMoreRecipes) << list;
+        EXPECT_EQ(result.draft.title, u"EGG SOUP") << list;
+        EXPECT_EQ(result.draft.ingredients.size(), 3) << list;
+        EXPECT_THAT(stepTexts(result.draft), testing::Each(testing::Not(testing::HasSubstr("rice")))) << list;
+    }
+}
+
+TEST(RecipeTextParser, TellsBareNumbersOfStepsFromAmounts)
+{
+    const auto draft = RecipeTextParser::parse(
+        page("# Streuselkuchen\nZutaten\n1 Päckchen Hefe\n2 TL Zimt\n200 g Mehl\n1 Zitrone\n1 Aus dem Mehl "
+             "und der "
+             "Hefe einen\nTeig kneten.\n2 Die Zitrone reiben.\n3 Alles eine halbe Stunde backen."));
+    EXPECT_THAT(texts(draft.ingredients),
+                ElementsAre("1 Päckchen Hefe", "2 TL Zimt", "200 g Mehl", "1 Zitrone"));
+    EXPECT_THAT(stepTexts(draft), ElementsAre("Aus dem Mehl und der Hefe einen Teig kneten.",
+                                              "Die Zitrone reiben.", "Alles eine halbe Stunde backen."));
+}
+
 TEST(RecipeTextParser, KnowsHeadingsInItsLanguages)
 {
     const std::pair<const char*, const char*> headings[] = {

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "import/document/PageMeasure.h"
+
+namespace ovrin {
+
+/// Lines that stand beside each other and belong together.
+namespace PageRows {
+
+/// `lines`, sorted by their tops, with those of one row from left to right.
+QList<TextLine> sorted(QList<TextLine> lines, const PageMeasure& measure);
+
+/// In rows, those put together of which one is a mere amount and the other what it is an amount of.
+QList<TextLine> withAmountsJoined(QList<TextLine> lines, const PageMeasure& measure);
+
+/// Whether `left` and `right` are two columns of which one holds amounts, and nothing else, for the other's
+/// words.
+bool isTable(const QList<TextLine>& left, const QList<TextLine>& right, const PageMeasure& measure);
+
+/// The rows of a table as one line each. Not one of them is the rest of another, so that each has room.
+QList<TextLine> ofTable(QList<TextLine> lines, const PageMeasure& measure);
+
+/// A column of nothing but labels and headings, each beside what it is for.
+bool isLabels(const QList<TextLine>& lines);
+
+} // namespace PageRows
+
+} // namespace ovrin
