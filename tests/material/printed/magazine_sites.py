@@ -1,0 +1,202 @@
+"""Pages as cooks keep them: blogs, print views, letters, an app's export, telephones and magazines."""
+import re
+from html import escape
+
+FURNITURE = {  # print, share, rate, comments, more like this, of the newsletter, tips
+    "de": ("Drucken", "Teilen", "Bewerten", "Kommentare", "Das könnte auch schmecken", "Abmelden", "Gut zu wissen"),
+    "da": ("Udskriv", "Del", "Bedøm", "Kommentarer", "Måske kan du også lide", "Afmeld", "Godt at vide"),
+    "es": ("Imprimir", "Compartir", "Valorar", "Comentarios", "También te puede gustar", "Darse de baja", "Trucos"),
+    "fr": ("Imprimer", "Partager", "Noter", "Commentaires", "À découvrir aussi", "Se désabonner", "Bon à savoir"),
+    "it": ("Stampa", "Condividi", "Vota", "Commenti", "Ti potrebbe piacere", "Disiscriviti", "Da sapere"),
+    "nl": ("Afdrukken", "Delen", "Beoordeel", "Reacties", "Ook lekker", "Uitschrijven", "Goed om te weten"),
+    "pl": ("Drukuj", "Udostępnij", "Oceń", "Komentarze", "Może ci też zasmakować", "Wypisz się", "Warto wiedzieć"),
+    "pt": ("Imprimir", "Partilhar", "Avaliar", "Comentários", "Também pode gostar", "Cancelar", "Bom saber"),
+    "sv": ("Skriv ut", "Dela", "Betygsätt", "Kommentarer", "Du kanske också gillar", "Avsluta", "Bra att veta"),
+}
+ENGLISH = ("Print", "Share", "Rate", "Comments", "You may also like", "Unsubscribe", "Good to know")
+POST = [
+    "It rained the whole of last week, and when it rains I cook. The kitchen window steams up, the radio mumbles "
+    "to itself, and by four in the afternoon somebody always comes in to ask what smells so good.",
+    "I first ate this at my neighbour's table years ago. She never wrote anything down, so it took me eleven tries, "
+    "two burnt pans and one very patient family to arrive at a version that tastes the way I remember it.",
+    "Can I make it ahead? Yes, and I would even say that you should. It keeps in the fridge for three days and tastes "
+    "better on the second. Warm it gently, with a spoonful of water if it looks dry.",
+    "What should I serve with it? We like a green salad and good bread. On a cold night a bowl of soup before it "
+    "makes a whole meal, and nobody has yet complained about the leftovers.",
+]
+TIPS = ["A heavy pan keeps its warmth when cold food goes in, so buy one good one rather than three thin ones.",
+        "Taste before you salt, and then again just before the plates go out.",
+        "Blunt knives slip. Five strokes on a stone every Sunday are enough for a home kitchen."]
+UNITS = (r"(?:g|kg|mg|ml|cl|dl|l|oz|lbs?|pounds?|cups?|tsp|tbsp|tbs|teaspoons?|tablespoons?|cloves?|cans?|sticks?|EL|TL|"
+         r"Prise|msk|tsk|krm|spsk|cucharadas?|cuillères?|stk|szt|łyżk[ai]|łyżeczk[ai])\.?")
+AMOUNT = re.compile(rf"((?:[~\d½¼¾⅓⅔⅛][\d\s½¼¾⅓⅔⅛./,–-]*)(?:{UNITS}(?=\s))?)\s+(\S.*)$", re.S)
+
+
+def furniture(recipe):
+    return FURNITURE.get(recipe["language"], ENGLISH)
+
+
+def page(style, body, size="A4", margin="15mm"):
+    return f"""<!doctype html><meta charset=utf-8><style>@page {{ size: {size}; margin: {margin} }}
+        * {{ box-sizing: border-box }} body {{ margin: 0 }} ul, ol {{ margin: 0; padding: 0; list-style: none }}
+        h1, h2, h3, h4 {{ break-after: avoid; break-inside: avoid }} li, .together {{ break-inside: avoid }}
+        .image {{ background: #bbb }} {style}</style>{body}"""
+
+
+def title(recipe, tag="h1"):
+    return f'<{tag} data-k=title>{escape(recipe["title"])}</{tag}>'
+
+
+def head(text, tag="h2"):
+    return f"<{tag} data-k=head>{escape(text)}</{tag}>"
+
+
+def paragraphs(texts, tag="p"):
+    return "".join(f"<{tag}>{escape(text)}</{tag.split()[0]}>" for text in texts if text)
+
+
+def facts(recipe, words):
+    """What is known of portions and times, as pairs of label and value."""
+    named = ((words["prep"], "prepTime"), (words["cook"], "cookTime"), (words["yield"], "yield"))
+    return [(escape(label), escape(recipe[key])) for label, key in named if recipe[key]]
+
+
+def facts_as(recipe, words, shape):
+    return "".join(shape.format(label=label, value=value) for label, value in facts(recipe, words))
+
+
+def amount_and_name(text):
+    found = AMOUNT.match(text)
+    return (escape(found[1].strip()), escape(found[2])) if found else ("", escape(text))
+
+
+def bold_amount(text):
+    amount, name = amount_and_name(text)
+    return f"<b>{amount}</b> {name}" if amount else name
+
+
+def ingredients(recipe, item="<li data-k=ing>{}</li>", group="<li class=group data-k=ing>{}</li>", bare=False,
+                shape=escape):
+    """The entries in turn; a group's heading with its colon or `bare`."""
+    def entry(text):
+        if not text.endswith(":"):
+            return item.format(shape(text))
+        return group.format(escape(text.rstrip(": ") if bare else text))
+    return "".join(entry(text) for text in recipe["ingredients"])
+
+
+def steps(recipe, shape="<li data-k=step>{text}</li>"):
+    return "".join(shape.format(text=escape(text), n=n) for n, text in enumerate(recipe["steps"], 1))
+
+
+def unmarked(html):
+    """A neighbour's recipe: on the page, and not what its reader should find."""
+    return re.sub(r" data-k=\w+", "", html)
+
+
+def notes(recipe, words, tag="h3"):
+    listed = paragraphs(recipe["notes"], "li")
+    return f"<{tag}>{words['notes']}</{tag}><ul class=notes>{listed}</ul>" if listed else ""
+
+
+def blog_card(recipe, following, words):
+    print_, share, rate, comments, more, *_ = furniture(recipe)
+    by = f"by {escape(recipe['author'])} · " if recipe["author"] else ""
+    return page("""body { font: 11.5pt/1.6 P052 } nav { font: 8.5pt Inter; letter-spacing: .1em; text-align: center }
+        nav b { display: block; font: 24pt Z003; letter-spacing: 0 } .cookies { font: 8pt Inter; background: #eee; padding: 6pt }
+        .by { color: #888; font: 9pt Inter } .image { height: 55mm; margin: 10pt 0 } .card { border: 2pt dashed #b0685a;
+        padding: 14pt; font: 10pt/1.45 Inter; margin: 16pt 0 } .card .image { float: right; width: 34mm; height: 34mm; margin: 0 0 8pt 10pt }
+        .card h2 { margin: 0 } .card h3 { clear: both; border-bottom: 1pt solid #b0685a; margin: 12pt 0 4pt } .facts span { margin-right: 12pt }
+        .card ul { list-style: disc; padding-left: 14pt } .group { list-style: none; font-weight: 700; margin: 6pt 0 0 -14pt }
+        .card ol { list-style: decimal; padding-left: 18pt } .card ol li { margin-bottom: 4pt } .stars { color: #c90; font: 11pt DejaVu Sans }
+        .comment { border-left: 3pt solid #ddd; padding-left: 8pt; margin: 8pt 0; font-size: 10pt }""", f"""
+        <div class=cookies>This site uses cookies to remember your shopping list. Accept all · Settings</div>
+        <nav><b>The Blue Kettle</b>HOME &nbsp; ABOUT &nbsp; RECIPES &nbsp; SHOP &nbsp; CONTACT</nav>
+        <h1>What we ate when the rain would not stop</h1><p class=by>{by}12 comments · Jump to recipe ↓</p>
+        {paragraphs(POST[:2])}<div class=image></div><h2>Your questions</h2>{paragraphs(POST[2:])}
+        <div class=card><div class=image></div>{title(recipe, "h2")}<div class=stars>★★★★☆</div>
+        {paragraphs([recipe["intro"]])}<p class=facts>{facts_as(recipe, words, "<span data-k=meta><b>{label}:</b> {value}</span> ")}</p>
+        <p>{print_} &nbsp; Pin &nbsp; {share}</p>{head(words["ingredients"], "h3")}<ul>{ingredients(recipe)}</ul>
+        {head(words["directions"], "h3")}<ol>{steps(recipe)}</ol>{notes(recipe, words)}</div>
+        <p>{more}: <u>{escape(following["title"])}</u></p><h2>{comments} (2)</h2>
+        <p class=comment><b>Hanne</b> 4 March<br>Made it twice already. I left out the salt and added 2 cloves of garlic.</p>
+        <p class=comment><b>Old Tom</b> 9 March<br>Mine took ten minutes longer, but my oven is slow. {rate}: 5/5</p>""")
+
+
+def print_view(recipe, _, words):
+    print_, share, *_ = furniture(recipe)
+    return page("""body { font: 11pt/1.45 Nimbus Sans } .tools { text-align: right; font-size: 9pt; color: #666; margin-bottom: 5mm }
+        header { display: grid; grid-template-columns: 62mm 1fr; gap: 8mm } .image { height: 48mm } h1 { font-size: 24pt; margin: 0 0 6pt; line-height: 1.1 }
+        .facts:empty { display: none } .facts { display: flex; border: solid #ccc; border-width: 1pt 0; margin: 14pt 0; padding: 8pt 0; text-align: center }
+        .facts div { flex: 1 } .facts i { display: block; width: 16pt; height: 16pt; border: 1.5pt solid #444; border-radius: 50%; margin: 0 auto 3pt }
+        .facts small { display: block; color: #777; text-transform: uppercase; font-size: 7.5pt } h2 { font-size: 14pt; margin: 12pt 0 6pt }
+        .ing li { display: flex; gap: 8pt; margin: 4pt 0 } .ing li::before { content: ""; flex: none; width: 9pt; height: 9pt; border: 1pt solid #333; margin-top: 3pt }
+        .ing .group { font-weight: 700; margin-top: 8pt } .ing .group::before { display: none } .do { counter-reset: n }
+        .do li { counter-increment: n; padding-left: 20pt; text-indent: -20pt; margin: 6pt 0 } .do li::before { content: counter(n) "."; display: inline-block; width: 20pt; text-indent: 0; font-weight: 700 }
+        footer { border-top: 1pt solid #ccc; margin-top: 18pt; font-size: 8pt; color: #777; padding-top: 4pt }""", f"""
+        <div class=tools>← Back &nbsp; | &nbsp; {print_} &nbsp; | &nbsp; {share} &nbsp; | &nbsp; A− A+</div>
+        <header><div class=image></div><div>{title(recipe)}{paragraphs([recipe["intro"]])}{paragraphs([recipe["author"]], "em")}</div></header>
+        <div class=facts>{facts_as(recipe, words, "<div data-k=meta><i></i><small>{label}</small> <b>{value}</b></div>")}</div>
+        {head(words["ingredients"])}<ul class=ing>{ingredients(recipe, shape=lambda text: f"<span>{escape(text)}</span>")}</ul>
+        {head(words["directions"])}<ol class=do>{steps(recipe)}</ol>{notes(recipe, words, "h2")}
+        <footer>https://kitchen.example/print/{recipe["name"]}<br>© All rights reserved. For personal use only.</footer>""", "Letter", "18mm")
+
+
+def amount_table(recipe, _, words):
+    def row(text):
+        amount, name = amount_and_name(text)
+        return f"<tr data-k=ing><td>{amount} </td><td>{name}</td></tr>"
+    rows = "".join(row(text) if not text.endswith(":") else f"<tr data-k=ing><th colspan=2>{escape(text.rstrip(':'))}</th></tr>"
+                   for text in recipe["ingredients"])
+    values = "".join(f"<tr><td>{name}</td><td>{value}</td></tr>" for name, value in
+                     (("kcal", "412"), ("Protein", "14 g"), ("Fat", "19 g"), ("Carbs", "46 g"), ("Salt", "1.2 g")))
+    return page("""body { font: 10.5pt/1.5 DejaVu Sans Condensed, DejaVu Sans } h1 { color: #2e6b3f; font-size: 22pt; margin: 0 } .facts { color: #555; font-size: 9pt }
+        table { border-collapse: collapse; width: 100% } tr { break-inside: avoid } .ing td { border-bottom: .5pt solid #ccc; padding: 4pt 6pt; vertical-align: top }
+        .ing td:first-child { width: 34mm; text-align: right; color: #2e6b3f; font-weight: 700 } .ing th { text-align: left; background: #e6efe7; padding: 4pt 6pt }
+        h2 { font-size: 13pt; margin: 16pt 0 6pt } .do p { margin: 0 0 7pt } .values { width: 60mm; font-size: 8.5pt; float: right; margin: 10pt 0 0 10pt }
+        .values td { border: .5pt solid #999; padding: 2pt 5pt } .portions { float: right; border: 1pt solid #2e6b3f; border-radius: 9pt; padding: 1pt 9pt; font-size: 9pt }""", f"""
+        {title(recipe)}<p class=facts>{facts_as(recipe, words, "<span data-k=meta>{label}: {value}</span> &nbsp;·&nbsp; ")}★ 4.6 (231)</p>
+        {paragraphs([recipe["intro"]])}<div class=portions>−  1×  +</div>{head(words["ingredients"])}<table class=ing>{rows}</table>
+        {head(words["directions"])}<div class=do>{steps(recipe, "<p data-k=step>{text}</p>")}</div>{notes(recipe, words, "h2")}
+        <div class=together><h2>{words["nutrition"]}</h2><table class=values style="float: none; margin: 0">{values}</table></div>""", margin="20mm 22mm")
+
+
+def giant_numerals(recipe, _, words):
+    return page("""body { font: 11pt/1.5 C059 } h1 { font: 300 34pt/1.05 Inter Display; margin: 0 0 4mm; max-width: 140mm } .lead { font: italic 13pt/1.4 C059; color: #555 }
+        .facts { font: 8.5pt Inter; text-transform: uppercase; letter-spacing: .08em } .ing { columns: 2; column-gap: 10mm; border-top: 3pt solid #000; padding-top: 3mm; margin: 2mm 0 8mm }
+        .ing li { padding: 2pt 0 } .group { font: 700 10pt Inter; break-after: avoid; color: #b5442c } h2 { font: 700 11pt Inter; margin: 6mm 0 0 }
+        .do { border-top: 3pt solid #000; margin-top: 2mm } .row { display: grid; grid-template-columns: 22mm 1fr; padding: 3mm 0; border-bottom: .5pt solid #bbb; break-inside: avoid }
+        .row b { font: 200 40pt/1 Inter Display; color: #b5442c } .row p { margin: 0 }""", f"""
+        {title(recipe)}{paragraphs([recipe["intro"]], "p class=lead")}<p class=facts>{facts_as(recipe, words, "<span data-k=meta>{label} {value}</span> / ")}{escape(recipe["author"])}</p>
+        {head(words["otherIngredients"])}<ul class=ing>{ingredients(recipe)}</ul>{head(words["otherDirections"])}
+        <div class=do>{steps(recipe, "<div class=row><b>{n}</b><p data-k=step>{text}</p></div>")}</div>{notes(recipe, words)}""", margin="22mm 25mm")
+
+
+def labelled_steps(recipe, following, words):
+    *_, more, _, _ = furniture(recipe)
+    return page("""body { font: 10.5pt/1.5 Inter } nav { display: flex; gap: 14pt; font-size: 9pt; border-bottom: 1pt solid #ddd; padding-bottom: 6pt; color: #666 }
+        h1 { font: 800 25pt/1.1 Inter; margin: 12pt 0 6pt } main { display: grid; grid-template-columns: 1fr 58mm; gap: 9mm } aside { grid-column: 2; grid-row: 1; background: #fdf1dc; padding: 5mm; align-self: start }
+        .left { grid-column: 1; grid-row: 1 } aside li { font-size: 9.5pt; padding: 3pt 0; border-bottom: .5pt dotted #c9a35b } aside h2 { font-size: 12pt; margin: 0 0 4pt }
+        .group { font-weight: 700; color: #9a6a10 } .left h3 { font-size: 10.5pt; margin: 10pt 0 1pt } .left p { margin: 0 } .left h2 { font-size: 15pt; margin: 0 } .more { display: flex; gap: 5mm; margin-top: 10mm; font-size: 9pt }
+        .more div { flex: 1 } .more .image { height: 24mm }""", f"""
+        <nav><b>☰</b> Dinner &nbsp; Baking &nbsp; Seasons &nbsp; Video <span style="margin-left: auto">Log in</span></nav>{title(recipe)}
+        {paragraphs([recipe["intro"]])}<main><aside>{head(words["ingredients"])}{facts_as(recipe, words, "<div data-k=meta><small>{label}: {value}</small></div>")}
+        <ul>{ingredients(recipe, bare=True, shape=bold_amount)}</ul></aside>
+        <div class=left>{head(words["directions"])}{steps(recipe, f"<h3>{words['step']} {{n}}</h3><p data-k=step>{{text}}</p>")}{notes(recipe, words)}</div></main>
+        <h4>{more}</h4><div class="more together"><div><div class=image></div>{escape(following["title"])}</div><div><div class=image></div>Lemon cake in a tin</div><div><div class=image></div>Seven soups for seven days</div></div>""", margin="14mm")
+
+
+def step_cards(recipe, _, words):
+    return page("""body { font: 9.5pt/1.4 Nimbus Sans } h1 { font: 700 26pt/1.1 URW Gothic; text-align: center; margin: 0 0 3mm } .facts { display: flex; justify-content: center; gap: 4mm }
+        .facts span { background: #dcebf5; border-radius: 8pt; padding: 2pt 9pt } .lead { text-align: center; margin: 3mm 20mm } h2 { font: 700 13pt URW Gothic; margin: 6mm 0 2mm }
+        .ing { display: grid; grid-template-columns: repeat(4, 1fr); gap: 3mm } .ing li { background: #f3f3f3; border-radius: 4pt; padding: 2.5mm; text-align: center } .ing .group { grid-column: 1 / -1; background: none; text-align: left; font-weight: 700; padding: 0 }
+        .do { display: grid; grid-template-columns: repeat(3, 1fr); gap: 5mm } .do li { border: .7pt solid #bbb; border-radius: 4pt; overflow: hidden } .do .image { height: 30mm; position: relative } .do b { position: absolute; left: 2mm; bottom: -3.5mm;
+        width: 8mm; height: 8mm; line-height: 8mm; border-radius: 50%; background: #20587c; color: #fff; text-align: center } .do p { margin: 5mm 3mm 3mm }""", f"""
+        {title(recipe)}<div class=facts>{facts_as(recipe, words, "<span data-k=meta>{label} <b>{value}</b></span>")}</div>{paragraphs([recipe["intro"]], "p class=lead")}
+        {head(words["ingredients"])}<ul class=ing>{ingredients(recipe)}</ul>{head(words["directions"])}
+        <ol class=do>{steps(recipe, "<li><div class=image><b>{n}</b></div><p data-k=step>{text}</p></li>")}</ol>{notes(recipe, words, "h2")}""", margin="12mm")
+
+
+blog_card.header = True
+LAYOUTS = {"sites-blog-card": blog_card, "sites-print-view": print_view, "sites-amount-table": amount_table,
+           "sites-giant-numerals": giant_numerals, "sites-labelled-steps": labelled_steps, "sites-step-cards": step_cards}
