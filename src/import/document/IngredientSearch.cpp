@@ -4,6 +4,7 @@
 #include "import/document/LineShape.h"
 #include "import/document/RecipeFacts.h"
 #include "import/document/RecipeWords.h"
+#include "import/document/StepNumbers.h"
 
 #include <QtCore/QRegularExpression>
 
@@ -78,8 +79,9 @@ bool looksLikeTitle(const TextLine& line)
         return text.size() <= 90;
     }
     return text.size() >= 3 && text.size() <= 90 && !LineShape::startsWithAmount(text) &&
-           !LineShape::hasBullet(text) && !LineShape::endsSentence(text) && !LineShape::isProse(text) &&
-           text.front().isUpper() && !RecipeFacts::isFact(text);
+           !LineShape::hasBullet(text) && !LineShape::endsSentence(text) &&
+           (isLargeType(line) || !LineShape::isProse(text)) && text.front().isUpper() &&
+           !RecipeFacts::isFact(text);
 }
 
 IngredientSearch::IngredientSearch(const QList<TextLine>& lines)
@@ -94,66 +96,13 @@ IngredientSearch::IngredientSearch(const QList<TextLine>& lines)
     markNumberedSteps();
 }
 
-/// The text from line `i`, a number's, on to the line before `end`, without the number.
-QString IngredientSearch::numberedText(qsizetype i, qsizetype end) const
-{
-    constexpr qsizetype longestStep = 12;
-    QString text = LineShape::numbered(m_lines[i].text)->rest;
-    for (qsizetype k = i + 1; k < std::min(end, i + longestStep); ++k) {
-        text += u' ' + m_lines[k].text;
-    }
-    return text.trimmed();
-}
-
-/// The lines from `begin` on whose numbers count up from 1, and how many of them stand in front of directions
-/// rather than of what they may be amounts of.
-IngredientSearch::Count IngredientSearch::countFrom(qsizetype begin) const
-{
-    Count count;
-    for (qsizetype i = begin; i < m_lines.size(); ++i) {
-        const auto number = LineShape::numbered(m_lines[i].text);
-        const bool isAmount =
-            LineShape::isBareNumber(m_lines[i].text) && LineShape::startsWithMeasure(m_lines[i].text);
-        if (number && number->number == static_cast<int>(count.lines.size()) + 1 && !isAmount) {
-            count.lines.push_back(i);
-        }
-    }
-    for (std::size_t k = 0; k < count.lines.size(); ++k) {
-        const qsizetype end = k + 1 < count.lines.size() ? count.lines[k + 1] : m_lines.size();
-        const QString text = numberedText(count.lines[k], end);
-        count.steps += LineShape::isProse(text) || LineShape::startsWithVerb(text) ? 1 : 0;
-    }
-    return count;
-}
-
 /// Bare numbers that count up in front of directions are no amounts, though they look it.
 void IngredientSearch::markNumberedSteps()
 {
-    constexpr qsizetype mostStarts = 24;
-    Count best;
-    qsizetype starts = 0;
-    for (qsizetype i = 0; i < m_lines.size() && starts < mostStarts; ++i) {
-        const auto number = LineShape::numbered(m_lines[i].text);
-        if (number && number->number == 1) {
-            // Of two lines with a 1 before the 2 the first one is an amount.
-            const Count count = countFrom(i);
-            const bool isCloser = best.lines.size() > 1 && i < best.lines[1];
-            if (count.surplus() > best.surplus() || (isCloser && count.surplus() == best.surplus())) {
-                best = count;
-            }
-            ++starts;
-        }
-    }
-    m_firstNumber = m_lines.size();
+    const std::vector<qsizetype> numbers = stepNumbers(m_lines);
+    m_firstNumber = numbers.empty() ? m_lines.size() : numbers.front();
     m_isNumbered.assign(m_isStep.size(), false);
-    const bool isOnlyStep = best.lines.size() == 1 && best.steps == 1 && best.lines.front() > 0 &&
-                            m_lines[best.lines.front()].columnRight > 0 &&
-                            mayHaveJumped(m_lines, best.lines.front());
-    if (!isOnlyStep && (best.steps < 2 || best.surplus() < 0)) {
-        return;
-    }
-    m_firstNumber = best.lines.front();
-    for (const qsizetype i : best.lines) {
+    for (const qsizetype i : numbers) {
         m_isStep[static_cast<std::size_t>(i)] = true;
         m_isNumbered[static_cast<std::size_t>(i)] = true;
         m_likeness[static_cast<std::size_t>(i)] = -1.5;
@@ -311,6 +260,24 @@ qsizetype IngredientSearch::behindBullets(qsizetype begin) const
     return m_lines.size();
 }
 
+/// The end of the block that begins at `begin`, where all its lines ended early, none of them as a direction
+/// begins, and directions follow.
+qsizetype IngredientSearch::behindShortLines(qsizetype begin) const
+{
+    constexpr qsizetype leastLines = 3;
+    const qsizetype end = begin < m_lines.size() ? blockEnd(begin) : begin;
+    if (end - begin < leastLines || end == m_lines.size() || !isStep(end) || m_lines[end].columnRight <= 0) {
+        return m_lines.size();
+    }
+    const LineFlow flow(m_lines);
+    for (qsizetype i = begin; i < end; ++i) {
+        if (!flow.hadRoom(i + 1) || LineShape::startsWithVerb(m_lines[i].text)) {
+            return m_lines.size();
+        }
+    }
+    return end;
+}
+
 /// A block of directions behind the list, where blank space parts them.
 qsizetype IngredientSearch::methodBlock(qsizetype begin) const
 {
@@ -342,8 +309,8 @@ qsizetype IngredientSearch::methodBlock(qsizetype begin) const
 
 qsizetype IngredientSearch::directionsBegin(qsizetype begin) const
 {
-    for (const qsizetype found :
-         {firstNumberedStep(begin), m_firstNumber, behindBullets(begin), methodBlock(begin)}) {
+    for (const qsizetype found : {firstNumberedStep(begin), m_firstNumber, behindBullets(begin),
+                                  behindShortLines(begin), methodBlock(begin)}) {
         if (found > begin && found < m_lines.size()) {
             return found;
         }
@@ -556,10 +523,27 @@ LineRange IngredientSearch::list() const
     return block.isEmpty() ? shortLinesAboveSteps() : block;
 }
 
+/// `block` with the blocks of short lines in the columns to its left, of a list that has no amounts.
+LineRange IngredientSearch::withColumnsBeside(LineRange block) const
+{
+    while (!block.isEmpty() && block.begin > 0 && mayHaveJumped(m_lines, block.begin) &&
+           m_lines[block.begin].columnRight > 0) {
+        const LineRange left = blockAbove(block.begin);
+        const double step =
+            left.isEmpty() ? 1 : m_lines[left.begin].place.top() - m_lines[block.begin].place.top();
+        if (left.isEmpty() || m_lines[left.begin].page != m_lines[block.begin].page ||
+            std::abs(step) > m_lines[block.begin].place.height()) {
+            break;
+        }
+        block.begin = left.begin;
+    }
+    return block;
+}
+
 LineRange IngredientSearch::listAboveMethod() const
 {
     const LineRange found = run(0);
-    return widened(found.isEmpty() ? blockAbove(m_lines.size()) : found, false);
+    return widened(found.isEmpty() ? withColumnsBeside(blockAbove(m_lines.size())) : found, false);
 }
 
 } // namespace ovrin

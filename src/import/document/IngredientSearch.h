@@ -48,16 +48,6 @@ public:
     qsizetype furtherRecipe(qsizetype begin) const;
 
 private:
-    struct Count
-    {
-        std::vector<qsizetype> lines;
-        qsizetype steps = 0;
-
-        qsizetype surplus() const { return 2 * steps - static_cast<qsizetype>(lines.size()); }
-    };
-
-    Count countFrom(qsizetype begin) const;
-    QString numberedText(qsizetype i, qsizetype end) const;
     void markNumberedSteps();
     bool isSetOff(qsizetype i) const;
     bool isTwinOfFirst(qsizetype i) const;
@@ -74,8 +64,10 @@ private:
     LineRange shortLinedColumn() const;
     LineRange shortLinesAboveSteps() const;
     LineRange blockAbove(qsizetype end) const;
+    LineRange withColumnsBeside(LineRange block) const;
     qsizetype firstNumberedStep(qsizetype begin) const;
     qsizetype behindBullets(qsizetype begin) const;
+    qsizetype behindShortLines(qsizetype begin) const;
     qsizetype methodBlock(qsizetype begin) const;
 
     const QList<TextLine>& m_lines;

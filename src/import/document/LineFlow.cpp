@@ -13,7 +13,7 @@ namespace {
 /// Left edges closer than this are one edge, in letters.
 constexpr double sameEdge = 0.7;
 /// Blank spaces that differ by less than this are one size, in heights of a line.
-constexpr double sameGap = 0.09;
+constexpr double sameGap = 0.13;
 
 bool isMost(qsizetype some, qsizetype all)
 {
@@ -27,6 +27,7 @@ LineFlow::LineFlow(const QList<TextLine>& lines)
     , m_verdicts(static_cast<std::size_t>(lines.size()), Verdict::Unknown)
     , m_indents(static_cast<std::size_t>(lines.size()), 0)
     , m_reaches(static_cast<std::size_t>(lines.size()), 0)
+    , m_widths(static_cast<std::size_t>(lines.size()), 0)
 {
     for (const TextLine& line : lines) {
         m_fullWidth = std::max(m_fullWidth, LineShape::estimatedWidth(line.text));
@@ -37,8 +38,10 @@ LineFlow::LineFlow(const QList<TextLine>& lines)
     if (placed) {
         measure();
         // Each is surer than the one before, and has the last word where it has one.
-        judgeByFirstLineIndent();
-        judgeByHangingIndent();
+        if (m_alignment == Alignment::Left) {
+            judgeByFirstLineIndent();
+            judgeByHangingIndent();
+        }
         judgeByGaps();
     }
     if (!m_verdicts.empty()) {
@@ -66,7 +69,10 @@ bool LineFlow::fits(qsizetype i, double columnRight) const
     const QString firstWord = line.text.section(u' ', 0, 0);
     const double word = line.place.width() * LineShape::estimatedWidth(firstWord + u' ') /
                         std::max(1.0, LineShape::estimatedWidth(line.text));
-    return m_lines[i - 1].place.right() + word < columnRight;
+    const QRectF& previous = m_lines[i - 1].place;
+    return m_alignment == Alignment::Left
+               ? previous.right() + word < columnRight
+               : previous.width() + word < m_widths[static_cast<std::size_t>(i - 1)];
 }
 
 /// Whether line `i` may be the rest of the one before: that fills the column, or at least all that the list
@@ -96,16 +102,46 @@ void LineFlow::measure()
     for (qsizetype begin = 0; begin < m_lines.size();) {
         double edge = m_lines[begin].place.left();
         double reach = m_lines[begin].place.right();
+        double width = m_lines[begin].place.width();
         qsizetype end = begin + 1;
         for (; end < m_lines.size() && followsDown(end); ++end) {
             edge = std::min(edge, m_lines[end].place.left());
             reach = std::max(reach, m_lines[end].place.right());
+            width = std::max(width, m_lines[end].place.width());
         }
         for (; begin < end; ++begin) {
             m_reaches[static_cast<std::size_t>(begin)] = reach;
+            m_widths[static_cast<std::size_t>(begin)] = width;
             m_indents[static_cast<std::size_t>(begin)] = (m_lines[begin].place.left() - edge) / m_letter;
         }
     }
+    m_alignment = commonAlignment();
+}
+
+LineFlow::Alignment LineFlow::commonAlignment() const
+{
+    constexpr qsizetype leastLines = 4;
+    qsizetype left = 0;
+    qsizetype right = 0;
+    qsizetype centred = 0;
+    qsizetype lines = 0;
+    const double same = sameEdge * m_letter;
+    for (qsizetype i = 1; i < m_lines.size(); ++i) {
+        if (followsDown(i)) {
+            const QRectF& a = m_lines[i - 1].place;
+            const QRectF& b = m_lines[i].place;
+            ++lines;
+            left += std::abs(a.left() - b.left()) < same ? 1 : 0;
+            right += std::abs(a.right() - b.right()) < same ? 1 : 0;
+            centred += std::abs(a.center().x() - b.center().x()) < same ? 1 : 0;
+        }
+    }
+    if (lines < leastLines || left * 2 > lines) {
+        return Alignment::Left;
+    }
+    return isMost(right, lines)     ? Alignment::Right
+           : isMost(centred, lines) ? Alignment::Centred
+                                    : Alignment::Left;
 }
 
 /// The lines of an entry are set in below its first one.

@@ -27,7 +27,11 @@ public:
     Verdict verdict(qsizetype i) const { return m_verdicts[static_cast<std::size_t>(i)]; }
 
 private:
+    /// Which edge, or the middle, the lines of a column have in common.
+    enum class Alignment { Left, Right, Centred };
+
     bool followsDown(qsizetype i) const;
+    Alignment commonAlignment() const;
     bool fits(qsizetype i, double columnRight) const;
     bool followsLongLine(qsizetype i) const;
     void measure();
@@ -41,6 +45,9 @@ private:
     std::vector<double> m_indents;
     /// How far to the right the run of lines reaches that line `i` stands in.
     std::vector<double> m_reaches;
+    /// Width of the widest line of the run that line `i` stands in.
+    std::vector<double> m_widths;
+    Alignment m_alignment = Alignment::Left;
     /// Width of an average letter and height of a line, as parts of the page; 0 without places.
     double m_letter = 0;
     double m_height = 0;

@@ -3,6 +3,7 @@
 #include "import/document/RecipeWords.h"
 
 #include <QtCore/QRegularExpression>
+#include <QtCore/QSet>
 
 #include <algorithm>
 
@@ -74,6 +75,18 @@ bool hasAside(const QString& lower)
         u"al gusto|opcional|q\\.\\s?b\\.|a piacere|naar smaak|a gosto|do smaku|efter smak|efter smag|"
         u"\\b(?:chopped|diced|minced|sliced|grated|melted|softened|peeled|crushed|drained|divided|beaten)$");
     return aside.match(lower).hasMatch();
+}
+
+/// The first word is one that directions begin with: "Cream the butter", but not "Cream or crème fraîche".
+bool beginsWithVerb(const QStringList& parts)
+{
+    static const QSet<QString> objects{
+        QStringLiteral("the"),      QStringLiteral("together"), QStringLiteral("butter"),
+        QStringLiteral("sugar"),    QStringLiteral("in"),       QStringLiteral("until"),
+        QStringLiteral("softened"), QStringLiteral("your"),     QStringLiteral("shortening")};
+    const QString first = word(parts.value(0));
+    return RecipeWords::cookingVerbs().contains(first) &&
+           (first != u"cream" || objects.contains(word(parts.value(1))));
 }
 
 bool isDurationOrTemperature(const QString& text)
@@ -202,7 +215,7 @@ double LineShape::ingredientLikeness(const QString& raw)
     score -= text.size() > 110 ? 2 : 0;
     score -= parts.size() > 6 && endsSentence(text) && !spelled ? 1.5 : 0;
     score -= holdsSentenceBoundary(text) ? 2 : 0;
-    score -= RecipeWords::cookingVerbs().contains(word(parts.first())) && parts.size() > 3 ? 1 : 0;
+    score -= beginsWithVerb(parts) && parts.size() > 3 ? 1 : 0;
     return score;
 }
 
@@ -224,13 +237,13 @@ bool LineShape::looksLikeStep(const QString& raw)
     if (parts.size() < 2 || !text.front().isUpper()) {
         return false;
     }
-    const bool verb = RecipeWords::cookingVerbs().contains(word(parts.first()));
+    const bool verb = beginsWithVerb(parts);
     return isProse(text) || (verb && (endsSentence(text) || parts.size() >= 5));
 }
 
 bool LineShape::startsWithVerb(const QString& raw)
 {
-    return RecipeWords::cookingVerbs().contains(word(withoutBullet(raw).section(u' ', 0, 0)));
+    return beginsWithVerb(words(withoutBullet(raw)));
 }
 
 double LineShape::estimatedWidth(const QString& text)

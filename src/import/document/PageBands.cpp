@@ -1,5 +1,6 @@
 #include "import/document/PageBands.h"
 
+#include "import/document/PageRows.h"
 #include "import/document/RecipeSections.h"
 
 #include <array>
@@ -29,6 +30,21 @@ double firstTop(const QList<TextLine>& lines, qsizetype begin, qsizetype end, Is
         }
     }
     return 0;
+}
+
+/// Whether the lines at `begin` and after it head the list and the method, on either side of `x`.
+bool arePartHeadings(const QList<TextLine>& lines, double x, qsizetype begin, const PageMeasure& measure,
+                     const PageHeadings& headings)
+{
+    const TextLine& a = lines[begin];
+    const TextLine& b = lines[begin + 1];
+    const HeadingKind first = headings.of(a);
+    const HeadingKind second = headings.of(b);
+    const auto isPart = [](HeadingKind kind) {
+        return kind == HeadingKind::Ingredients || kind == HeadingKind::Directions;
+    };
+    return measure.isSameRow(a, b) && (a.place.right() < x) != (b.place.right() < x) && isPart(first) &&
+           isPart(second) && first != second;
 }
 
 /// The end of the band without a heading that stands below both columns and above more text that spans
@@ -62,20 +78,74 @@ qsizetype withoutFoot(const QList<TextLine>& lines, double x, qsizetype begin, q
     return foot;
 }
 
+/// Whether line `begin` stands above all others up to `end`, in larger type or apart from them: a title in
+/// the middle of the page. The heading of a column is its own, and so is a line that begins where the
+/// column's next one does.
+bool standsAlone(const QList<TextLine>& lines, double x, qsizetype begin, qsizetype end,
+                 const PageMeasure& measure, const PageHeadings& headings)
+{
+    constexpr double largerType = 1.15;
+    const QRectF& place = lines[begin].place;
+    const double gap = lines[begin + 1].place.top() - place.bottom();
+    const auto isBelow = [&](const TextLine& other) {
+        return other.place.top() >= place.bottom() - 0.2 * measure.height;
+    };
+    if (headings.of(lines[begin]) != HeadingKind::None ||
+        !std::all_of(lines.begin() + begin + 1, lines.begin() + end, isBelow)) {
+        return false;
+    }
+    const bool isLeft = place.right() < x;
+    QList<QRectF> own{place};
+    for (qsizetype i = begin + 1; i < end && own.size() < 3; ++i) {
+        if ((lines[i].place.right() < x) == isLeft) {
+            own.append(lines[i].place);
+        }
+    }
+    const bool isSpaced =
+        own.size() < 3 || own[1].top() - own[0].top() < own[2].top() - own[1].top() + 0.5 * measure.height;
+    const bool isOfColumn =
+        own.size() > 1 && std::abs(own[1].left() - place.left()) < measure.letter && isSpaced;
+    return place.height() > largerType * measure.height || (gap > 0.9 * measure.height && !isOfColumn);
+}
+
+/// Where the column that begins higher has a title in it, above the `top` of the other one, or ends there in
+/// a heading that does not stand over what follows in that column: what is below that.
+qsizetype behindTitle(const QList<TextLine>& lines, double x, qsizetype begin, qsizetype end, double top,
+                      const PageMeasure& measure, const PageHeadings& headings)
+{
+    constexpr double titleType = 1.5;
+    qsizetype below = begin;
+    bool hasTitle = false;
+    for (; below < end && lines[below].place.bottom() <= top; ++below) {
+        hasTitle = hasTitle || (lines[below].place.height() > titleType * measure.height &&
+                                headings.of(lines[below]) == HeadingKind::None);
+    }
+    if (hasTitle || below == begin || headings.of(lines[below - 1]) == HeadingKind::None) {
+        return hasTitle ? below : begin;
+    }
+    const QRectF& heading = lines[below - 1].place;
+    const auto stands = [&](double a, double b) { return std::abs(a - b) < measure.letter; };
+    const bool isOver = std::any_of(lines.begin() + below, lines.begin() + end, [&](const TextLine& line) {
+        return (line.place.right() < x) == (heading.right() < x) && headings.of(line) == HeadingKind::None &&
+               (stands(line.place.left(), heading.left()) ||
+                stands(line.place.center().x(), heading.center().x()));
+    });
+    return isOver ? begin : below;
+}
+
 /// The band around `x` without the lines at its head that have nothing beside them; weight 0 where it is
 /// no band of columns.
 Band trimmed(const QList<TextLine>& lines, double x, qsizetype begin, qsizetype end, qsizetype leastRows,
-             const PageMeasure& measure)
+             const PageMeasure& measure, const PageHeadings& headings)
 {
     const auto isLeft = [&](qsizetype i) { return lines[i].place.right() < x; };
     const double leftTop = firstTop(lines, begin, end, isLeft);
     const double rightTop = firstTop(lines, begin, end, [&](qsizetype i) { return !isLeft(i); });
-    // What stands alone above both columns and apart from them is not theirs.
     const double top = std::max(leftTop, rightTop);
-    for (qsizetype i = begin; i + 1 < end && lines[i].place.bottom() <= top; ++i) {
-        if (lines[i + 1].place.top() - lines[i].place.bottom() > 0.9 * measure.height) {
-            begin = i + 1;
-        }
+    // What stands alone above both columns and apart from them is not theirs.
+    begin = behindTitle(lines, x, begin, end, top, measure, headings);
+    while (begin + 1 < end && standsAlone(lines, x, begin, end, measure, headings)) {
+        ++begin;
     }
     // The last, short line of a text that spans both is not theirs either.
     if (begin > 0 && begin + 1 < end && crosses(lines[begin - 1], x) && lines[begin].place.bottom() <= top &&
@@ -84,6 +154,11 @@ Band trimmed(const QList<TextLine>& lines, double x, qsizetype begin, qsizetype 
         ++begin;
     }
     end = withoutFoot(lines, x, begin, end, measure);
+    // A heading below all else in the band heads what follows the band.
+    while (end - 1 > begin && headings.of(lines[end - 1]) != HeadingKind::None &&
+           lines[end - 1].place.top() - lines[end - 2].place.bottom() > -0.2 * measure.height) {
+        --end;
+    }
     Band band{begin, end, 0, 0, 1};
     qsizetype beside = 0;
     qsizetype leftRows = 0;
@@ -104,6 +179,8 @@ Band trimmed(const QList<TextLine>& lines, double x, qsizetype begin, qsizetype 
         }
     }
     band.weight = std::min(leftRows, rightRows);
+    // Two headings beside each other head two columns, however short.
+    leastRows = begin + 1 < end && arePartHeadings(lines, x, begin, measure, headings) ? 1 : leastRows;
     if (band.weight < leastRows || band.right - band.left < leastGutter * measure.letter) {
         return {};
     }
@@ -118,7 +195,18 @@ Band trimmed(const QList<TextLine>& lines, double x, qsizetype begin, qsizetype 
 
 } // namespace
 
-Band PageBands::best(const QList<TextLine>& lines, const PageMeasure& measure, std::optional<double> gutter)
+PageHeadings::PageHeadings(const QList<TextLine>& lines)
+{
+    for (const TextLine& line : lines) {
+        const HeadingKind kind = headingOf(line.text).kind;
+        if (kind != HeadingKind::None) {
+            m_kinds.insert(line.text, kind);
+        }
+    }
+}
+
+Band PageBands::best(const QList<TextLine>& lines, const PageMeasure& measure, const PageHeadings& headings,
+                     std::optional<double> gutter)
 {
     Band best;
     for (int step = 1; step < candidates; ++step) {
@@ -133,7 +221,8 @@ Band PageBands::best(const QList<TextLine>& lines, const PageMeasure& measure, s
                 ++end;
             }
             const bool isKnown = gutter && std::abs(x - *gutter) < 1.0 / candidates;
-            const Band band = trimmed(lines, x, begin, end, isKnown ? 1 : leastLinesPerSide, measure);
+            const Band band =
+                trimmed(lines, x, begin, end, isKnown ? 1 : leastLinesPerSide, measure, headings);
             if (band.rank() > best.rank()) {
                 best = band;
             }
@@ -143,36 +232,46 @@ Band PageBands::best(const QList<TextLine>& lines, const PageMeasure& measure, s
     return best;
 }
 
-qsizetype PageBands::headingAcross(const QList<TextLine>& lines, const Band& band, const PageMeasure& measure)
+qsizetype PageBands::headingAcross(const QList<TextLine>& lines, const Band& band, const PageMeasure& measure,
+                                   const PageHeadings& headings)
 {
+    // Only the recipe's own parts span columns: a tip's heading stands in one of them.
+    const auto isPart = [&](qsizetype i) {
+        const HeadingKind kind = headings.of(lines[i]);
+        return kind == HeadingKind::Ingredients || kind == HeadingKind::Directions;
+    };
     struct Side
     {
         qsizetype above = 0;
-        qsizetype below = 0;
-        double top = 0;
+        QList<TextLine> below;
     };
     for (qsizetype i = band.begin + 1; i < band.end; ++i) {
-        const QRectF& place = lines[i].place;
-        // Only the recipe's own parts span columns: a tip's heading stands in one of them.
-        const HeadingKind kind = headingOf(lines[i].text).kind;
-        if (kind != HeadingKind::Ingredients && kind != HeadingKind::Directions) {
+        if (!isPart(i)) {
             continue;
         }
+        const QRectF& place = lines[i].place;
         std::array<Side, 2> sides;
         bool isAlone = true;
+        bool isOtherPart = false;
         for (qsizetype k = band.begin; k < band.end && isAlone; ++k) {
             const QRectF& other = lines[k].place;
             Side& side = sides.at(other.center().x() < band.middle() ? 0 : 1);
             isAlone = k == i || other.bottom() <= place.top() + 0.2 * measure.height ||
                       other.top() >= place.bottom() - 0.2 * measure.height;
+            isOtherPart = isOtherPart || (k > i && isPart(k));
             if (k < i) {
                 ++side.above;
-            } else if (k > i && side.below++ == 0) {
-                side.top = other.top();
+            } else if (k > i && !isOtherPart) {
+                side.below.append(lines[k]);
             }
         }
-        if (isAlone && sides[0].above > 0 && sides[1].above > 0 && sides[0].below > 0 && sides[1].below > 0 &&
-            std::abs(sides[0].top - sides[1].top) < 0.4 * measure.height) {
+        const auto& [left, right] = sides;
+        if (!isAlone || left.above == 0 || right.above == 0 || left.below.isEmpty() ||
+            right.below.isEmpty()) {
+            continue;
+        }
+        const double step = left.below.first().place.top() - right.below.first().place.top();
+        if (std::abs(step) < 0.4 * measure.height || PageRows::isTable(left.below, right.below, measure)) {
             return i;
         }
     }

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "import/document/PageMeasure.h"
+#include "import/document/RecipeSections.h"
+
+#include <QtCore/QHash>
 
 #include <optional>
 #include <tuple>
@@ -22,16 +25,30 @@ struct Band
     auto rank() const { return std::tuple(weight, end - begin, right - left); }
 };
 
+/// Which of a page's lines are headings, read once: the search for bands asks again and again.
+class PageHeadings
+{
+public:
+    explicit PageHeadings(const QList<TextLine>& lines);
+
+    HeadingKind of(const TextLine& line) const { return m_kinds.value(line.text, HeadingKind::None); }
+
+private:
+    QHash<QString, HeadingKind> m_kinds;
+};
+
 namespace PageBands {
 
 /// The band of two columns, among `lines` sorted by their tops, whose lesser column holds most rows; weight 0
 /// where there is none. `gutter` is one that the lines above or below have, so that fewer lines show that
 /// these have it too.
-Band best(const QList<TextLine>& lines, const PageMeasure& measure, std::optional<double> gutter);
+Band best(const QList<TextLine>& lines, const PageMeasure& measure, const PageHeadings& headings,
+          std::optional<double> gutter);
 
 /// The first line inside the band from which on its columns are about something else: a heading of the
 /// recipe that has nothing beside it and both columns going on below it. 0 where there is none.
-qsizetype headingAcross(const QList<TextLine>& lines, const Band& band, const PageMeasure& measure);
+qsizetype headingAcross(const QList<TextLine>& lines, const Band& band, const PageMeasure& measure,
+                        const PageHeadings& headings);
 
 } // namespace PageBands
 

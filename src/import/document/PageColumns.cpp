@@ -30,6 +30,7 @@ class Page
 public:
     explicit Page(const QList<TextLine>& lines)
         : m_measure(PageMeasure::of(lines))
+        , m_headings(lines)
     {
     }
 
@@ -53,11 +54,12 @@ public:
             }
             return result + ordered(lines.sliced(tiles.end), depth + 1);
         }
-        const Band band = depth < deepest ? PageBands::best(lines, m_measure, gutter) : Band();
+        const Band band = depth < deepest ? PageBands::best(lines, m_measure, m_headings, gutter) : Band();
         if (band.weight == 0) {
             return column(std::move(lines));
         }
-        const qsizetype heading = depth < deepest ? PageBands::headingAcross(lines, band, m_measure) : 0;
+        const qsizetype heading =
+            depth < deepest ? PageBands::headingAcross(lines, band, m_measure, m_headings) : 0;
         if (heading > 0) {
             return ordered(lines.first(heading), depth + 1, band.middle()) +
                    ordered(lines.sliced(heading), depth + 1, band.middle());
@@ -108,6 +110,9 @@ private:
     /// Lines above each other, as far as they are not the cells of one row.
     QList<TextLine> column(QList<TextLine> lines) const
     {
+        if (const auto cells = PageRows::inCells(lines, m_measure)) {
+            return *cells;
+        }
         lines = PageRows::withAmountsJoined(std::move(lines), m_measure);
         double right = 0;
         for (const TextLine& line : lines) {
@@ -124,12 +129,15 @@ private:
     /// about something else, whatever its columns. 0 where there is none.
     qsizetype furtherTitle(const QList<TextLine>& lines) const
     {
-        constexpr double titleType = 1.6;
+        constexpr double titleType = 1.5;
         constexpr qsizetype leastAbove = 4;
+        // The large number of a step is none.
+        constexpr qsizetype shortestTitle = 3;
         double bottom = 0;
         for (qsizetype i = 0; i < lines.size(); ++i) {
             const QRectF& place = lines[i].place;
-            if (i >= leastAbove && place.height() > titleType * m_measure.height && i + 1 < lines.size() &&
+            if (i >= leastAbove && lines[i].text.size() >= shortestTitle &&
+                place.height() > titleType * m_measure.height && i + 1 < lines.size() &&
                 place.top() - bottom > 0.5 * m_measure.height &&
                 lines[i - 1].place.height() < titleType * m_measure.height) {
                 return i;
@@ -140,6 +148,7 @@ private:
     }
 
     PageMeasure m_measure;
+    PageHeadings m_headings;
 };
 
 } // namespace

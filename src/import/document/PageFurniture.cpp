@@ -137,6 +137,35 @@ bool isAtEdge(const TextLine& line)
     return line.place.isNull() || line.place.bottom() < edge || line.place.top() > 1 - edge;
 }
 
+bool isAtFoot(const TextLine& line)
+{
+    constexpr double foot = 0.93;
+    return !line.place.isNull() && line.place.top() > foot;
+}
+
+/// A short line at the page's foot, far from all else.
+bool isFoot(const QList<TextLine>& lines, qsizetype i)
+{
+    constexpr double widestGap = 2.5;
+    constexpr qsizetype longestFoot = 80;
+    const TextLine& line = lines[i];
+    if (!isAtFoot(line) || line.text.size() > longestFoot) {
+        return false;
+    }
+    bool hasText = false;
+    for (qsizetype k = 0; k < lines.size(); ++k) {
+        const QRectF& other = lines[k].place;
+        if (k == i || lines[k].page != line.page || isAtFoot(lines[k])) {
+            continue;
+        }
+        hasText = true;
+        if (line.place.top() - other.bottom() < widestGap * line.place.height()) {
+            return false;
+        }
+    }
+    return hasText;
+}
+
 } // namespace
 
 bool PageFurniture::isStatusBar(const QString& line)
@@ -192,6 +221,13 @@ bool PageFurniture::isFurniture(const QString& line)
         pattern(QStringLiteral("^(?:issued|revised|rev\\.?|revision|version|stand|ausgabe)\\s*:?\\s*"
                                "(?:\\d{1,2}[./-]){0,2}\\d{1,4}$")),
         pattern(QStringLiteral("^(?:no|nr|n°|№)\\.?\\s*\\d+(?:\\s*[/|·]\\s*rev.*)?$")),
+        // The heads of a table's columns, and its number sign.
+        pattern(QStringLiteral(
+            "^(?:#|amounts?|units?|qty\\.?|quantity|measures?|weight|items?|menge|einheit|quantités?|unités?|"
+            "cantidad|unidad|quantità|unità|hoeveelheid|eenheid|quantidade|unidade|ilość|jednostka|mängd|"
+            "enhet|"
+            "mængde|enhed)(?:\\s+(?:units?|einheit|unité|unidad|unità|eenheid|unidade|jednostka|enhe[td]))?"
+            "$")),
         // A line of a table of contents.
         pattern(QStringLiteral("(?:\\.\\s?){4,}\\s*\\d{1,4}$")),
     };
@@ -212,13 +248,14 @@ QList<TextLine> PageFurniture::removed(const QList<TextLine>& lines)
         TextLine line = lines[i];
         line.text = line.text.trimmed();
         startsBlock = startsBlock || line.startsBlock || line.text.isEmpty();
-        const bool inMargin = margin.lines.contains(i);
+        const bool inMargin = margin.lines.contains(i) || isAtFoot(line);
         const bool recurs = inMargin && line.relativeHeight < largeType &&
                             margin.recurring.contains(withoutNumbers(line.text));
         const bool numbersPage = inMargin && lines.size() > 4 && isPageNumber(line.text) && isAtEdge(line) &&
                                  (i + 1 == lines.size() || lines[i + 1].page != line.page || i == 0 ||
-                                  lines[i - 1].page != line.page);
-        if (line.text.isEmpty() || recurs || numbersPage || isPageName(lines, i) || isFurniture(line.text)) {
+                                  lines[i - 1].page != line.page || isAtFoot(line));
+        if (line.text.isEmpty() || recurs || numbersPage || isFoot(lines, i) || isPageName(lines, i) ||
+            isFurniture(line.text)) {
             continue;
         }
         line.startsBlock = startsBlock;

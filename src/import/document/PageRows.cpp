@@ -4,6 +4,8 @@
 #include "import/document/RecipeFacts.h"
 #include "import/document/RecipeSections.h"
 
+#include <cmath>
+
 namespace ovrin {
 
 namespace {
@@ -12,7 +14,9 @@ namespace {
 bool isAmountAndName(const QString& a, const QString& b)
 {
     const bool amountFirst = LineShape::isBareAmount(a);
-    return amountFirst != LineShape::isBareAmount(b) && !RecipeFacts::isFact(amountFirst ? b : a);
+    const QString& name = amountFirst ? b : a;
+    return amountFirst != LineShape::isBareAmount(b) && !RecipeFacts::isFact(name) &&
+           headingOf(name).kind == HeadingKind::None;
 }
 
 } // namespace
@@ -62,20 +66,89 @@ QList<TextLine> PageRows::ofTable(QList<TextLine> lines, const PageMeasure& meas
     return lines;
 }
 
+std::optional<QList<TextLine>> PageRows::inCells(const QList<TextLine>& lines, const PageMeasure& measure)
+{
+    constexpr qsizetype leastColumns = 3;
+    qsizetype widest = 0;
+    for (const TextLine& line : lines) {
+        widest = std::max(widest, static_cast<qsizetype>(
+                                      std::count_if(lines.begin(), lines.end(), [&](const TextLine& other) {
+                                          return measure.isSameRow(line, other);
+                                      })));
+    }
+    QList<QList<TextLine>> cells;
+    bool areWrapped = false;
+    for (const TextLine& line : sorted(lines, measure)) {
+        const auto above = std::find_if(cells.begin(), cells.end(), [&](const QList<TextLine>& cell) {
+            const QRectF& last = cell.last().place;
+            const double gap = line.place.top() - last.bottom();
+            return gap > -0.3 * measure.height && gap < 0.45 * measure.height &&
+                   (std::abs(last.left() - line.place.left()) < measure.letter ||
+                    std::abs(last.center().x() - line.place.center().x()) < measure.letter);
+        });
+        if (above == cells.end()) {
+            cells.append({line});
+        } else if (!line.text.front().isLower() && line.text.front() != u'(') {
+            // Lines above each other are entries, unless they are the rest of the one before.
+            return std::nullopt;
+        } else {
+            above->append(line);
+            areWrapped = true;
+        }
+    }
+    if (widest < leastColumns || !areWrapped) {
+        return std::nullopt;
+    }
+    const auto middle = [](const QList<TextLine>& cell) {
+        return (cell.first().place.top() + cell.last().place.bottom()) / 2;
+    };
+    std::stable_sort(cells.begin(), cells.end(),
+                     [&](const auto& a, const auto& b) { return middle(a) < middle(b); });
+    QList<TextLine> result;
+    for (qsizetype begin = 0; begin < cells.size();) {
+        qsizetype end = begin + 1;
+        while (end < cells.size() && middle(cells[end]) - middle(cells[begin]) < 0.7 * measure.height) {
+            ++end;
+        }
+        std::stable_sort(cells.begin() + begin, cells.begin() + end, [](const auto& a, const auto& b) {
+            return a.first().place.left() < b.first().place.left();
+        });
+        for (; begin < end; ++begin) {
+            double right = 0;
+            for (const TextLine& line : cells[begin]) {
+                right = std::max(right, line.place.right());
+            }
+            for (TextLine line : cells[begin]) {
+                line.startsBlock = line == cells[begin].first();
+                line.columnRight = right;
+                result.append(line);
+            }
+        }
+    }
+    return result;
+}
+
 bool PageRows::isTable(const QList<TextLine>& left, const QList<TextLine>& right, const PageMeasure& measure)
 {
-    const auto amounts = [](const QList<TextLine>& lines) {
-        return std::count_if(lines.begin(), lines.end(),
-                             [](const TextLine& line) { return LineShape::isBareAmount(line.text); }) *
-                   5 >=
-               lines.size() * 4;
+    const auto isCell = [](const TextLine& line) {
+        return headingOf(line.text).kind == HeadingKind::None && !RecipeFacts::isFact(line.text);
+    };
+    const auto isAmounts = [&](const QList<TextLine>& lines) {
+        const auto cells = std::count_if(lines.begin(), lines.end(), isCell);
+        const auto amounts = std::count_if(lines.begin(), lines.end(), [](const TextLine& line) {
+            return LineShape::isBareAmount(line.text);
+        });
+        return cells > 0 && amounts * 5 >= cells * 4;
     };
     qsizetype pairs = 0;
     for (const TextLine& cell : right) {
-        pairs += std::any_of(left.begin(), left.end(),
-                             [&](const TextLine& other) { return measure.isSameRow(cell, other); });
+        pairs += std::any_of(left.begin(), left.end(), [&](const TextLine& other) {
+            return measure.isSameRow(cell, other) && isCell(other);
+        });
     }
-    return amounts(left) != amounts(right) && pairs * 5 >= std::min(left.size(), right.size()) * 4;
+    const auto lesser = std::min(std::count_if(left.begin(), left.end(), isCell),
+                                 std::count_if(right.begin(), right.end(), isCell));
+    return isAmounts(left) != isAmounts(right) && pairs * 5 >= lesser * 4;
 }
 
 bool PageRows::isLabels(const QList<TextLine>& lines)

@@ -2,6 +2,8 @@
 
 #include "import/document/PageMeasure.h"
 
+#include <optional>
+
 namespace ovrin {
 
 /// Lines that stand beside each other and belong together.
@@ -12,6 +14,10 @@ QList<TextLine> sorted(QList<TextLine> lines, const PageMeasure& measure);
 
 /// In rows, those put together of which one is a mere amount and the other what it is an amount of.
 QList<TextLine> withAmountsJoined(QList<TextLine> lines, const PageMeasure& measure);
+
+/// The lines of a grid of cells, three or more in a row, of which some take several lines: a cell after the
+/// other, along the rows. Nothing when they are no such grid.
+std::optional<QList<TextLine>> inCells(const QList<TextLine>& lines, const PageMeasure& measure);
 
 /// Whether `left` and `right` are two columns of which one holds amounts, and nothing else, for the other's
 /// words.

@@ -80,10 +80,17 @@ const QList<RecipeFacts::Label>& RecipeFacts::labels()
             u"aantal personen|porties|porções|rendimento|rende|porcje|liczba porcji|ilość porcji|portioner|"
             u"antal(?: portioner| personer)?|personer"),
         label(Kind::Author,
-              u"(?:recipe |written |posted )?by|(?:recipe )?from the kitchen of|author|rezept "
+              u"(?:recipe |written |posted )?by|author|rezept "
               u"von|von|autor(?:in)?|"
               u"recette de|par|auteur|receta de|por|ricetta di|autore|recept van|door|receita de|autora|"
               u"przepis|recept av|av|opskrift af|af|forfatter"),
+        // What follows these is a name, whatever it looks like.
+        {Kind::Author,
+         pattern(QStringLiteral(
+             "^(?:(?:recipe )?from the kitchen of|(?:recipe )?shared by|aus der küche von|de la cuisine de|"
+             "de la cocina de|dalla cucina di|uit de keuken van|da cozinha de|z kuchni|från köket hos|fra "
+             "køkkenet hos)"
+             "(\\s*[:：]\\s*|\\s+)(.*)$"))},
         label(Kind::Publisher,
               u"source|publisher|published (?:by|in)|quelle|fuente|fonte|bron|źródło|källa|kilde"),
     };

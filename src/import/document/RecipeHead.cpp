@@ -19,6 +19,8 @@ namespace {
 constexpr double titleType = 1.15;
 constexpr qsizetype longestTitle = 110;
 constexpr qsizetype leastSummary = 40;
+/// Lines of running text that make what stands above a card a text of its own.
+constexpr qsizetype leastProse = 4;
 
 QString lettersOf(const QString& text)
 {
@@ -155,8 +157,10 @@ private:
         Title best;
         double bestScore = 0;
         qsizetype rank = 0;
+        qsizetype proseAbove = 0;
         for (qsizetype i = 0; i < m_lines.size();) {
             const TextLine& line = m_lines[i];
+            proseAbove += line.text.size() >= leastSummary && line.relativeHeight < titleType ? 1 : 0;
             if (line.page != page || !mayBeTitle(line)) {
                 ++i;
                 continue;
@@ -171,8 +175,11 @@ private:
                 continue;
             }
             const double large = isLarge ? line.relativeHeight * 2 : 1;
+            // The name on a recipe's card, below the text that it was written for.
+            const double card =
+                isLarge && i > 0 && proseAbove >= leastProse && !hasLargeType(title.end) ? 1.6 : 1;
             const double chapter = subsection > i && isChapter(title.text) ? 0.4 : 1;
-            const double score = chapter * large * (1 + 0.6 * shareSpokenOf(title.text, m_spoken)) -
+            const double score = chapter * card * large * (1 + 1.2 * shareSpokenOf(title.text, m_spoken)) -
                                  0.12 * static_cast<double>(std::min<qsizetype>(rank++, 8));
             i = title.end;
             if (score > bestScore) {
@@ -181,6 +188,12 @@ private:
             }
         }
         return best;
+    }
+
+    bool hasLargeType(qsizetype begin) const
+    {
+        return std::any_of(m_lines.begin() + begin, m_lines.end(),
+                           [](const TextLine& line) { return line.relativeHeight >= titleType; });
     }
 
     /// A cover and a preface may come before the page that the recipe begins on.

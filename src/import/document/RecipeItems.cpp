@@ -62,6 +62,13 @@ double medianWidth(const QList<TextLine>& lines)
     return widths.empty() ? 0 : medianOf(std::move(widths));
 }
 
+/// "4", "350ml | 1 1/2 cup": what stands behind an ingredient's name rather than a group's.
+bool isAmountAlone(const QString& text)
+{
+    const QStringList amounts = text.split(QRegularExpression(QStringLiteral("\\s*[|/]\\s+|\\s+[|/]\\s*")));
+    return std::all_of(amounts.begin(), amounts.end(), LineShape::isBareAmount);
+}
+
 QString lastWord(const QString& text)
 {
     return text.section(u' ', -1).toLower();
@@ -159,7 +166,7 @@ public:
         }
         m_isSpaced = starts >= 3 && apart * 10 >= starts * 8;
         m_isAmountList = starts * 10 >= (lines.size() - rests) * 7;
-        m_hasRests = rests >= 2 && rests > 2 * lowerEntries;
+        m_hasRests = rests > 2 * lowerEntries && (rests > 1 || lowerEntries == 0);
         m_isLowerCase = lowerCase * 2 > words;
         m_mayWrap = m_fullWidth > narrowestColumn && hasWrappedLines(lines);
     }
@@ -171,7 +178,8 @@ public:
         const bool last = i + 1 == m_lines.size();
         if (text.endsWith(u':') && text.size() < 60) {
             // "Herbs of your choice:" at a line's end goes on in the next one.
-            return last || m_flow.verdict(i + 1) != LineFlow::Verdict::Continues;
+            return last || (m_flow.verdict(i + 1) != LineFlow::Verdict::Continues &&
+                            !isAmountAlone(m_lines[i + 1].text));
         }
         if (last || LineShape::startsWithAmount(text) || LineShape::hasBullet(text) || text.size() > 40 ||
             LineShape::endsSentence(text) || !text.front().isUpper() || text.contains(u',')) {
@@ -212,7 +220,8 @@ public:
         if (verdict == LineFlow::Verdict::Begins) {
             return hasOpenBracket(entry) && !room && !line.startsBlock;
         }
-        const bool runsOn = hasOpenBracket(entry) || QStringView(u"-/|").contains(previous.back()) ||
+        const bool runsOn = hasOpenBracket(entry) || (previous.endsWith(u':') && isAmountAlone(text)) ||
+                            QStringView(u"-/|").contains(previous.back()) ||
                             RecipeWords::connectors().contains(lastWord(previous)) ||
                             (isCount(lastWord(previous)) && !room);
         if (LineShape::startsWithAmount(text)) {
@@ -320,7 +329,7 @@ std::optional<QStringList> RecipeItems::runIn(const QList<TextLine>& lines)
         // "For the sauce: 2 tomatoes"
         const qsizetype colon = entry.indexOf(QStringLiteral(": "));
         if (colon > 0 && colon < longestGroup && !LineShape::startsWithAmount(entry) &&
-            LineShape::startsWithAmount(entry.mid(colon + 2))) {
+            LineShape::startsWithAmount(entry.mid(colon + 2)) && !isAmountAlone(entry.mid(colon + 2))) {
             entries.append(entry.first(colon + 1));
             entry = entry.mid(colon + 2);
         }
@@ -347,7 +356,8 @@ QStringList RecipeItems::ingredients(const QList<TextLine>& lines)
             entries.last() = joined(entries.last(), lines[i].text);
         } else {
             const QString entry = LineShape::withoutBullet(lines[i].text).trimmed();
-            if (!entry.isEmpty()) {
+            // A page's number, perhaps.
+            if (!entry.isEmpty() && !isCount(entry)) {
                 entries.append(isNumbered ? withoutListNumber(entry) : entry);
                 mayContinue = true;
             }

@@ -151,6 +151,23 @@ RecipeOutline firstRecipe(const QList<Section>& all)
     return result;
 }
 
+/// Whether line `i` heads something in larger type than the step on line `step` has.
+bool isSetOff(const QList<TextLine>& lines, qsizetype i, qsizetype step)
+{
+    constexpr double largerType = 1.08;
+    return lines[i].startsBlock && lines[i].relativeHeight > largerType * lines[step].relativeHeight &&
+           looksLikeTitle(lines[i]) && !LineShape::counted(lines[i].text);
+}
+
+/// Whether line `i` stands further below the one before than any paragraph does.
+bool isFarBelow(const QList<TextLine>& lines, qsizetype i)
+{
+    constexpr double widestGap = 3;
+    const QRectF& above = lines[i - 1].place;
+    return !above.isNull() && lines[i].page == lines[i - 1].page &&
+           lines[i].place.top() - above.bottom() > widestGap * above.height();
+}
+
 /// Where a numbered method has ended: text that stands apart behind its last step. On a page of two columns
 /// this is what spans them, read last though it may stand above.
 qsizetype methodEnd(const QList<TextLine>& lines)
@@ -168,6 +185,10 @@ qsizetype methodEnd(const QList<TextLine>& lines)
         return lines.size();
     }
     for (qsizetype i = last + 1; i < lines.size(); ++i) {
+        if (LineShape::endsSentence(lines[i - 1].text) &&
+            (isSetOff(lines, i, last) || isFarBelow(lines, i))) {
+            return i;
+        }
         if (lines[i].startsBlock && lines[i].page == lines[i - 1].page && mayHaveJumped(lines, i) &&
             LineShape::endsSentence(lines[i - 1].text) && !LineShape::counted(lines[i].text)) {
             return i;
@@ -177,7 +198,7 @@ qsizetype methodEnd(const QList<TextLine>& lines)
 }
 
 /// Where behind the last step smaller type begins: an introduction or a note at the page's foot.
-qsizetype smallTypeBegin(const QList<TextLine>& lines)
+qsizetype smallTypeBegin(const QList<TextLine>& lines, double smaller)
 {
     std::vector<double> heights;
     for (const TextLine& line : lines) {
@@ -186,7 +207,6 @@ qsizetype smallTypeBegin(const QList<TextLine>& lines)
     if (heights.empty()) {
         return 0;
     }
-    constexpr double smaller = 0.92;
     const double small = smaller * medianOf(std::move(heights));
     qsizetype begin = lines.size();
     while (begin > 0 && lines[begin - 1].relativeHeight < small) {
@@ -262,9 +282,9 @@ RecipeOutline outline(const QList<TextLine>& lines)
 {
     RecipeOutline result = wholeOutline(lines);
     qsizetype end = methodEnd(result.directions);
-    if (!IngredientSearch(result.directions).hasNumberedSteps()) {
-        end = std::min(end, smallTypeBegin(result.directions));
-    }
+    // Where the steps are not counted, a little smaller is enough.
+    const bool isNumbered = IngredientSearch(result.directions).hasNumberedSteps();
+    end = std::min(end, smallTypeBegin(result.directions, isNumbered ? 0.75 : 0.92));
     result.head += result.directions.sliced(end);
     result.directions = result.directions.first(end);
     return result;

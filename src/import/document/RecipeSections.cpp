@@ -9,8 +9,26 @@
 #include <QtCore/QRegularExpression>
 
 #include <algorithm>
+#include <cmath>
+#include <optional>
 
 namespace ovrin {
+
+namespace {
+
+/// "Ingredients / Zutaten": the same in two languages.
+Heading bilingualHeading(const QString& line)
+{
+    static const QRegularExpression separator(QStringLiteral("\\s+[/|·–-]\\s+"));
+    const QStringList parts = line.split(separator);
+    if (parts.size() != 2 || parts[0].isEmpty() || parts[1].isEmpty()) {
+        return {};
+    }
+    const Heading first = headingOf(parts[0]);
+    return first.rest.isEmpty() && headingOf(parts[1]).kind == first.kind ? first : Heading();
+}
+
+} // namespace
 
 Heading headingOf(const QString& line)
 {
@@ -84,7 +102,7 @@ Heading headingOf(const QString& line)
             }
         }
     }
-    return {};
+    return line.size() <= longestHeading ? bilingualHeading(line) : Heading();
 }
 
 namespace {
@@ -130,6 +148,8 @@ private:
         double right = 0;
         double top = 0;
         double bottom = 0;
+        /// The page that it began on.
+        int begun = -1;
     };
 
     void add(const TextLine& line, bool jumps)
@@ -137,8 +157,16 @@ private:
         // "Stir in the dry" and then "ingredients: flour, sugar": the rest of a sentence is no heading.
         const bool runsOn = !line.startsBlock && !line.text.isEmpty() && line.text.front().isLower();
         const Heading heading = runsOn ? Heading() : headingOf(line.text);
+        resumeAfterAside(line);
+        if (heading.kind == HeadingKind::None && isColumnHead(line)) {
+            return;
+        }
         if (heading.kind == HeadingKind::None) {
             m_amounts += LineShape::startsWithAmount(line.text) ? 1 : 0;
+            if (isTitleBesideTheRecipe(line)) {
+                m_sections.first().lines.append(line);
+                return;
+            }
             if (isLargeType(line) && line.startsBlock && looksLikeTitle(line) && isComplete()) {
                 begin(HeadingKind::None);
             } else if (jumps) {
@@ -156,13 +184,62 @@ private:
         if (restIsAside) {
             m_sections.first().lines.append({heading.rest, true, 1, line.page});
         }
+        const bool isAside = heading.kind == HeadingKind::Other && !heading.rest.isEmpty() &&
+                             m_sections[m_current].kind != HeadingKind::None;
+        if (isAside && !m_aside) {
+            m_aside = Aside{m_current, line.relativeHeight};
+        }
         begin(heading.kind);
+        m_heading = line;
         note(line);
         if (!heading.rest.isEmpty() && !restIsAside) {
             TextLine first = line;
             first.text = heading.rest;
             first.startsBlock = true;
             append(first);
+        }
+    }
+
+    /// Type that no list and no method has, larger than all above: the title, below a picture beside the
+    /// recipe.
+    bool isTitleBesideTheRecipe(const TextLine& line) const
+    {
+        constexpr double titleType = 1.7;
+        const QList<TextLine>& head = m_sections.first().lines;
+        const bool hasTitle = std::any_of(head.begin(), head.end(), isLargeType);
+        return m_current > 0 && (!isComplete() || !hasTitle) && line.relativeHeight >= titleType &&
+               looksLikeTitle(line) && std::none_of(head.begin(), head.end(), [&](const TextLine& other) {
+                   return other.relativeHeight > 1.05 * line.relativeHeight ||
+                          (other.relativeHeight > titleType && other.page == line.page &&
+                           other.place.bottom() + line.place.height() < line.place.top());
+               });
+    }
+
+    /// A short line to the right of the last heading: the head of a further column of its table.
+    bool isColumnHead(const TextLine& line) const
+    {
+        constexpr qsizetype longestHead = 14;
+        return m_heading && m_heading->page == line.page && !line.place.isNull() &&
+               line.text.size() <= longestHead && !LineShape::startsWithAmount(line.text) &&
+               !LineShape::endsSentence(line.text) && line.place.left() > m_heading->place.right() &&
+               line.relativeHeight < 1.1 * m_heading->relativeHeight && !RecipeFacts::isFact(line.text) &&
+               std::abs(line.place.bottom() - m_heading->place.bottom()) < 0.3 * line.place.height();
+    }
+
+    /// "Tip: Use ripe ones." among the steps is no longer than its paragraph, where its type or the next
+    /// step's number shows the end of it.
+    void resumeAfterAside(const TextLine& line)
+    {
+        if (!m_aside) {
+            return;
+        }
+        constexpr double sameType = 0.06;
+        const bool isOver = std::abs(line.relativeHeight - m_aside->relativeHeight) > sameType ||
+                            LineShape::numbered(line.text) || LineShape::hasBullet(line.text);
+        if (isOver || m_sections[m_current].kind != HeadingKind::Other) {
+            m_current =
+                isOver && m_sections[m_current].kind == HeadingKind::Other ? m_aside->section : m_current;
+            m_aside.reset();
         }
     }
 
@@ -194,7 +271,8 @@ private:
         Column& column = m_columns[m_current];
         const QRectF& place = line.place;
         if (column.page != line.page) {
-            column = {line.page, place.left(), place.right(), place.top(), place.bottom()};
+            column = {line.page,   place.left(),   place.right(),
+                      place.top(), place.bottom(), column.begun < 0 ? line.page : column.begun};
         } else {
             column.left = std::min(column.left, place.left());
             column.right = std::max(column.right, place.right());
@@ -223,7 +301,10 @@ private:
             // What ended above the heading at hand does not go on below it.
             const bool isAbove =
                 column.page == line.page && own.page == line.page && column.bottom <= own.top;
-            const bool wasBeside = !isAbove && (column.page == line.page - 1 || column.page == line.page);
+            // Nor does what ended overleaf, beside a section that begins on this page.
+            const bool isOver = column.page < line.page && own.page == line.page && own.begun == line.page;
+            const bool wasBeside =
+                !isAbove && !isOver && (column.page == line.page - 1 || column.page == line.page);
             if (wasBeside && shared(column) > 0.5 * line.place.width()) {
                 return i;
             }
@@ -234,7 +315,16 @@ private:
     /// With so many lines that begin with an amount a recipe has begun, even without a heading.
     static constexpr int leastAmounts = 3;
 
+    /// The section that a remark stands in, and the remark's type.
+    struct Aside
+    {
+        qsizetype section = 0;
+        double relativeHeight = 1;
+    };
+
     int m_amounts = 0;
+    std::optional<Aside> m_aside;
+    std::optional<TextLine> m_heading;
     QList<Section> m_sections{Section()};
     QList<Column> m_columns{Column()};
     qsizetype m_current = 0;

@@ -45,7 +45,8 @@ public:
             return std::nullopt;
         }
         // "9 add the rest" stands apart, as an amount inside a step does not.
-        const bool isApart = m_hasBareNumbers && m_lines[i].startsBlock && expected > 1;
+        const bool isApart = m_hasBareNumbers && expected > 1 && i > 0 &&
+                             (m_lines[i].startsBlock || (m_flow.isPlaced() && m_flow.hadRoom(i)));
         auto number = isApart ? LineShape::counted(m_lines[i].text) : LineShape::numbered(m_lines[i].text);
         // A later part of the method may count from 1 again.
         const bool restarts = number && number->number == 1 && expected > 1 &&
@@ -134,12 +135,51 @@ bool isStepTitle(const QString& text, const QString& next)
            LineShape::isProse(next);
 }
 
+/// Steps that are counted inside one text: "(1) Heat the oven. (2) Mix the eggs"; nothing when they are not.
+std::optional<QList<RecipeStep>> runningSteps(const QList<TextLine>& lines)
+{
+    static const QRegularExpression mark(QStringLiteral("(?:^|\\s)\\((\\d{1,2})\\)\\s+(?=\\S)"));
+    constexpr int leastSteps = 2;
+    QString text;
+    for (const TextLine& line : lines) {
+        text = text.isEmpty() ? line.text : RecipeItems::joined(text, line.text);
+    }
+    QList<RecipeStep> steps;
+    qsizetype begin = -1;
+    const auto close = [&](qsizetype end) {
+        if (begin >= 0) {
+            RecipeStep step;
+            step.paragraphs = QStringList{text.mid(begin, end - begin).trimmed()};
+            steps.append(step);
+        }
+    };
+    auto marks = mark.globalMatch(text);
+    while (marks.hasNext()) {
+        const auto match = marks.next();
+        if (match.captured(1).toInt() == steps.size() + (begin < 0 ? 1 : 2)) {
+            if (begin < 0 && match.capturedStart() > 0) {
+                return std::nullopt;
+            }
+            close(match.capturedStart());
+            begin = match.capturedEnd();
+        }
+    }
+    close(text.size());
+    const auto atLineStart = std::count_if(lines.begin(), lines.end(), [](const TextLine& line) {
+        return line.text.startsWith(u'(') && LineShape::numbered(line.text);
+    });
+    return steps.size() >= leastSteps && atLineStart < steps.size() ? std::optional(steps) : std::nullopt;
+}
+
 } // namespace
 
 QList<RecipeStep> RecipeItems::steps(const QList<TextLine>& lines)
 {
     if (lines.isEmpty()) {
         return {};
+    }
+    if (const auto running = runningSteps(lines)) {
+        return *running;
     }
     const Method method(lines);
     QList<RecipeStep> steps;

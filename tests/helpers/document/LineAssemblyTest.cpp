@@ -53,6 +53,19 @@ TEST(LineAssembly, JoinsWordsThatOnlyAWideSpaceParts)
     EXPECT_TRUE(assembledLines({}).isEmpty());
 }
 
+TEST(LineAssembly, JoinsTheWordsOfAJustifiedLine)
+{
+    // The measure of two full lines; a table's row that does not fill it stays in its cells.
+    EXPECT_THAT(assembled({run("pancakes, up to you. Wait until", 50, 0, 160), run("Make", 50, 14, 25),
+                           run("smaller", 100, 14, 40), run("or bigger", 155, 14, 20),
+                           run("tiny", 50, 28, 20), run("air", 90, 28, 15), run("bubbles", 125, 28, 40),
+                           run("form", 185, 28, 25), run("and the first of them has burst", 50, 42, 160),
+                           run("Flour", 50, 56, 30), run("white", 120, 56, 30)}),
+                UnorderedElementsAre("pancakes, up to you. Wait until", "Make", "smaller", "or bigger",
+                                     "tiny air bubbles form", "and the first of them has burst", "Flour",
+                                     "white"));
+}
+
 TEST(LineAssembly, JoinsLettersWithSpaceBetweenThem)
 {
     QList<documentreader::Run> letters;

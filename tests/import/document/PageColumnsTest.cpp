@@ -149,6 +149,34 @@ INSTANTIATE_TEST_SUITE_P(Pages, PageColumnsOf, testing::Values(
         "#Potato soup for two/#4 potatoes/1 Leek/Salt/Stock/#1. Peel the/potatoes./#2. boil them in/the stock./"
         "#3. Mash them/well./#4. Cut the leek/small./#5. 10 minutes/later add it./"
         "#A soup that everybody likes on a cold evening in winter, and not only then"},
+    PageCase{"BelowAHeadingInTheMiddle",
+        "                    Onion soup\n"
+        "\n"
+        "                    Ingredients\n"
+        "\n"
+        "1 onion                           1 l stock\n"
+        "2 carrots                         Salt\n"
+        "3 leeks                           Pepper\n"
+        "\n"
+        "Method\n",
+        "#Onion soup/#Ingredients/#1 onion/2 carrots/3 leeks/#1 l stock/Salt/Pepper/#Method"},
+    PageCase{"OfWhichOneBeginsHigher",
+        "                              Ingredients\n"
+        "\n"
+        "                              1 onion\n"
+        "\n"
+        "Onion soup                    2 carrots\n"
+        "\n"
+        "Serves 4                      3 leeks\n"
+        "\n"
+        "A quick soup                  Salt\n",
+        "#Onion soup/#Serves 4/#A quick soup/#Ingredients/#1 onion/#2 carrots/#3 leeks/#Salt"},
+    PageCase{"OfAGridOfCells",
+        "1 pound of rice         2 cups of red           1 onion\n"
+        "                        (or white) wine\n"
+        "\n"
+        "3 carrots               Salt                    4 eggs\n",
+        "#1 pound of rice/#2 cups of red/(or white) wine/#1 onion/#3 carrots/#Salt/#4 eggs"},
     PageCase{"OfAListWhoseAmountsCountUp",
         "1 onion, chopped        2 red peppers\n"
         "200 g rice              1 l stock\n"
@@ -192,4 +220,13 @@ TEST(PageColumns, LeaveNumbersInsideThePageToTheRecipe)
     QList<TextLine> withNumber = cells;
     withNumber.append({QStringLiteral("8"), true, 1, 1, {0.5, 0.96, 0.02, 0.02}});
     EXPECT_EQ(PageFurniture::removed(withNumber), cells);
+}
+
+TEST(PageColumns, LeaveOutWhatStandsAloneAtThePagesFoot)
+{
+    QList<TextLine> lines = pagePicture("Soup\n2 eggs\n1 onion\nBoil it.\nEat it.");
+    const QList<TextLine> page = lines;
+    lines.append({QStringLiteral("The Sunday Table, October"), true, 1, 0, {0.6, 0.95, 0.3, 0.015}});
+    lines.append({QStringLiteral("64"), true, 1, 0, {0.1, 0.95, 0.02, 0.015}});
+    EXPECT_EQ(PageFurniture::removed(lines), page);
 }

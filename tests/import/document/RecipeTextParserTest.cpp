@@ -321,6 +321,37 @@ TEST(RecipeTextParser, TakesCircledNumbersOff)
     EXPECT_THAT(stepTexts(draft), ElementsAre("Boil the eggs.", "Peel them.", "Eat them."));
 }
 
+TEST(RecipeTextParser, LetsARemarkAmongTheStepsEndWithItsType)
+{
+    QList<TextLine> lines =
+        page("# Soup\nIngredients / Zutaten\n2 eggs\n1 onion\nDirections / Zubereitung\nBoil the eggs.\n"
+             "Tip: Use fresh ones.\nPeel the eggs and eat them.");
+    lines[lines.size() - 2].relativeHeight = 0.7;
+    const auto draft = RecipeTextParser::parse(lines);
+    EXPECT_THAT(texts(draft.ingredients), ElementsAre("2 eggs", "1 onion"));
+    EXPECT_THAT(stepTexts(draft), ElementsAre("Boil the eggs.", "Peel the eggs and eat them."));
+}
+
+TEST(RecipeTextParser, TakesStepsThatAreCountedInsideOneTextApart)
+{
+    const auto draft = RecipeTextParser::parse(
+        page("# Soup\nIngredients\n2 eggs\n1 onion\nMethod\n(1) Boil the eggs (2) or\n"
+             "more. (3) Peel them. (4) Eat."));
+    EXPECT_THAT(stepTexts(draft), ElementsAre("Boil the eggs", "or more.", "Peel them.", "Eat."));
+}
+
+TEST(RecipeTextParser, TakesTheNameOnTheCardBelowAText)
+{
+    QList<TextLine> lines =
+        page("# What we ate when it rained\nIt rained for the whole of last week, and I cooked.\n"
+             "The window steams up, and the radio mumbles to itself.\n"
+             "By four somebody comes in and asks what smells so good.\n"
+             "So it took me a dozen tries to come to a version of it.\n# Grandma’s Best\n"
+             "Ingredients\n2 eggs\n1 onion\nMethod\nBoil the eggs.");
+    lines[5].relativeHeight = 1.5;
+    EXPECT_EQ(RecipeTextParser::parse(lines).title, QStringLiteral("Grandma’s Best"));
+}
+
 TEST(RecipeTextParser, TakesSmallTypeBehindTheMethodForNoStep)
 {
     QList<TextLine> lines = page("# Soup\n2 eggs\n1 l stock\n3 carrots\n\nBoil the eggs and the carrots.\n"

@@ -15,6 +15,8 @@ namespace {
 /// its text.
 constexpr double wideSpace = 0.9;
 constexpr double cellSpace = 9;
+/// How far, in heights, the boxes of neighbours may reach into each other.
+constexpr double deepestOverlap = 0.6;
 /// How far apart, in heights, the left edges of one column's texts may lie.
 constexpr double alignment = 0.25;
 
@@ -209,6 +211,72 @@ QList<Run> withInitialsJoined(QList<Run> runs)
     return runs;
 }
 
+/// Edges of the lines that fill a justified column, in points.
+struct Measure
+{
+    double left = 0;
+    double right = 0;
+
+    bool begins(const Run& run) const { return std::abs(run.box.left() - left) < 1; }
+    bool ends(const Run& run) const { return std::abs(run.box.right() - right) < 1; }
+};
+
+/// The measures that two lines or more fill.
+QList<Measure> justifiedMeasures(const QList<Run>& runs)
+{
+    constexpr qsizetype leastLetters = 12;
+    constexpr qsizetype mostMeasures = 16;
+    QList<Measure> seen;
+    QList<Measure> measures;
+    for (const Run& run : runs) {
+        const auto isFilled = [&](const Measure& measure) {
+            return measure.begins(run) && measure.ends(run);
+        };
+        if (run.text.size() < leastLetters || std::any_of(measures.begin(), measures.end(), isFilled)) {
+            continue;
+        }
+        if (std::any_of(seen.begin(), seen.end(), isFilled)) {
+            measures.append({run.box.left(), run.box.right()});
+        } else if (seen.size() < mostMeasures * mostMeasures) {
+            seen.append({run.box.left(), run.box.right()});
+        }
+    }
+    return measures.first(std::min(measures.size(), mostMeasures));
+}
+
+/// Few words in a justified line stand far apart: those from one edge of the measure to the other are one
+/// line.
+void joinJustified(const QList<Run>& runs, const QList<qsizetype>& neighbours, QList<bool>& joins)
+{
+    constexpr double widestSpace = 4;
+    const QList<Measure> measures = justifiedMeasures(runs);
+    for (qsizetype first = 0; first < runs.size(); ++first) {
+        for (const Measure& measure : measures) {
+            qsizetype last = first;
+            // All spaces of a justified line are alike: no run between them has one of its own, but for the
+            // step's number.
+            const auto isNear = [&](qsizetype left) {
+                const qsizetype right = neighbours[left];
+                return right >= 0 && !runs[right].text.contains(u' ') &&
+                       runs[left].text.count(u' ') <= (left == first ? 1 : 0) &&
+                       runs[right].box.right() < measure.right + 1 &&
+                       runs[right].box.left() - runs[left].box.right() <
+                           widestSpace * runs[left].box.height();
+            };
+            while (measure.begins(runs[first]) && !measure.ends(runs[last]) && isNear(last)) {
+                last = neighbours[last];
+            }
+            if (last == first || !measure.ends(runs[last])) {
+                continue;
+            }
+            for (qsizetype i = first; i != last; i = neighbours[i]) {
+                joins[i] = true;
+            }
+            break;
+        }
+    }
+}
+
 } // namespace
 
 QList<Run> assembledLines(QList<Run> runs)
@@ -223,10 +291,13 @@ QList<Run> assembledLines(QList<Run> runs)
         }
         const double height = std::min(runs[left].box.height(), runs[right].box.height());
         const double gap = runs[right].box.left() - runs[left].box.right();
+        // What begins where the other has not ended by far stands above or below it.
         joins[left] =
-            gap < wideSpace * height || (gap < cellSpace * height && isLeadingCell(runs[left].text) &&
-                                         belongsToCells(right, runs, neighbours));
+            gap > -deepestOverlap * height &&
+            (gap < wideSpace * height || (gap < cellSpace * height && isLeadingCell(runs[left].text) &&
+                                          belongsToCells(right, runs, neighbours)));
     }
+    joinJustified(runs, neighbours, joins);
     QList<bool> taken(runs.size(), false);
     QList<bool> isTail(runs.size(), false);
     for (qsizetype left = 0; left < runs.size(); ++left) {

@@ -46,6 +46,22 @@ bool isInitial(const Word& word, const std::vector<Word>& words)
            word.box.height() > leastRise * words[word.next].box.height();
 }
 
+/// A change of type inside a word ("Soup" in small capitals) parts it in two, with a space that nobody sees.
+bool hasSpaceAfter(const Word& word, const std::vector<Word>& words)
+{
+    constexpr double narrowestSpace = 0.11;
+    if (!word.hasSpaceAfter || word.next < 0) {
+        return false;
+    }
+    const QChar last = word.text.isEmpty() ? QChar() : word.text.back();
+    const QChar first = words[word.next].text.isEmpty() ? QChar() : words[word.next].text.front();
+    if (last.script() == QChar::Script_Han && first.script() == QChar::Script_Han) {
+        return false;
+    }
+    const QRectF& next = words[word.next].box;
+    return next.left() - word.box.right() > narrowestSpace * std::max(word.box.height(), next.height());
+}
+
 /// The words that follow `first` on its line. The height is that of the longest word: a sign from another
 /// font (a fraction, a bullet) may be much taller than the line's type.
 Run runFrom(qsizetype first, const std::vector<Word>& words)
@@ -57,7 +73,7 @@ Run runFrom(qsizetype first, const std::vector<Word>& words)
     for (qsizetype i = first; i >= 0 && run.text.size() < reader::maximumLineLength; i = words[i].next) {
         const Word& word = words[i];
         run.text += word.text;
-        run.text += word.hasSpaceAfter && word.next >= 0 ? QStringLiteral(" ") : QString();
+        run.text += hasSpaceAfter(word, words) ? QStringLiteral(" ") : QString();
         run.box |= word.box;
         pieces.append({word.text, word.box});
         if (word.text.size() > longest) {
