@@ -4,6 +4,7 @@
 #include "import/document/LineShape.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace ovrin {
 
@@ -18,11 +19,13 @@ struct Count
     qsizetype surplus() const { return 2 * steps - static_cast<qsizetype>(lines.size()); }
 };
 
+using Numbers = std::vector<std::optional<LineShape::Numbered>>;
+
 /// The text from line `i`, a number's, on to the line before `end`, without the number.
-QString numberedText(const QList<TextLine>& lines, qsizetype i, qsizetype end)
+QString numberedText(const QList<TextLine>& lines, const Numbers& numbers, qsizetype i, qsizetype end)
 {
     constexpr qsizetype longestStep = 12;
-    QString text = LineShape::numbered(lines[i].text)->rest;
+    QString text = numbers[static_cast<std::size_t>(i)]->rest;
     for (qsizetype k = i + 1; k < std::min(end, i + longestStep); ++k) {
         text += u' ' + lines[k].text;
     }
@@ -36,11 +39,11 @@ bool isMeasure(const QString& text, const LineShape::Numbered& number)
            !LineShape::startsWithVerb(number.rest);
 }
 
-Count countFrom(const QList<TextLine>& lines, qsizetype begin)
+Count countFrom(const QList<TextLine>& lines, const Numbers& numbers, qsizetype begin)
 {
     Count count;
     for (qsizetype i = begin; i < lines.size(); ++i) {
-        const auto number = LineShape::numbered(lines[i].text);
+        const auto& number = numbers[static_cast<std::size_t>(i)];
         if (number && number->number == static_cast<int>(count.lines.size()) + 1 &&
             !isMeasure(lines[i].text, *number)) {
             count.lines.push_back(i);
@@ -48,7 +51,7 @@ Count countFrom(const QList<TextLine>& lines, qsizetype begin)
     }
     for (std::size_t k = 0; k < count.lines.size(); ++k) {
         const qsizetype end = k + 1 < count.lines.size() ? count.lines[k + 1] : lines.size();
-        const QString text = numberedText(lines, count.lines[k], end);
+        const QString text = numberedText(lines, numbers, count.lines[k], end);
         count.steps += LineShape::isProse(text) || LineShape::startsWithVerb(text) ? 1 : 0;
     }
     return count;
@@ -66,15 +69,19 @@ bool isOnlyStep(const Count& count, const QList<TextLine>& lines)
 std::vector<qsizetype> stepNumbers(const QList<TextLine>& lines)
 {
     constexpr int mostStarts = 24;
+    Numbers numbers;
+    for (const TextLine& line : lines) {
+        numbers.push_back(LineShape::numbered(line.text));
+    }
     Count best;
     int starts = 0;
     for (qsizetype i = 0; i < lines.size() && starts < mostStarts; ++i) {
-        const auto number = LineShape::numbered(lines[i].text);
+        const auto& number = numbers[static_cast<std::size_t>(i)];
         if (!number || number->number != 1) {
             continue;
         }
         // Of two lines with a 1 before the 2 the first one is an amount.
-        Count count = countFrom(lines, i);
+        Count count = countFrom(lines, numbers, i);
         const bool isCloser = best.lines.size() > 1 && i < best.lines[1];
         if (count.surplus() > best.surplus() || (isCloser && count.surplus() == best.surplus())) {
             best = std::move(count);

@@ -260,10 +260,15 @@ void joinJustified(const QList<Run>& runs, const QList<qsizetype>& neighbours, Q
                 return right >= 0 && !runs[right].text.contains(u' ') &&
                        runs[left].text.count(u' ') <= (left == first ? 1 : 0) &&
                        runs[right].box.right() < measure.right + 1 &&
+                       runs[right].box.left() - runs[left].box.right() >
+                           -deepestOverlap * runs[left].box.height() &&
                        runs[right].box.left() - runs[left].box.right() <
                            widestSpace * runs[left].box.height();
             };
-            while (measure.begins(runs[first]) && !measure.ends(runs[last]) && isNear(last)) {
+            constexpr int mostWords = 64;
+            for (int words = 1; words < mostWords && measure.begins(runs[first]) &&
+                                !measure.ends(runs[last]) && isNear(last);
+                 ++words) {
                 last = neighbours[last];
             }
             if (last == first || !measure.ends(runs[last])) {
