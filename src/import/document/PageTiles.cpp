@@ -217,8 +217,8 @@ PageTiles PageTiles::of(const QList<TextLine>& lines, const PageMeasure& measure
         bottom = std::max(bottom, lines[result.end].place.bottom());
         ++result.end;
     }
-    const std::size_t columns = gutters.size() + 1;
-    result.tiles.resize(static_cast<qsizetype>(rows.size() * columns));
+    const auto columns = static_cast<qsizetype>(gutters.size()) + 1;
+    result.tiles.resize(static_cast<qsizetype>(rows.size()) * columns);
     // A number may stand above the middle of its text.
     constexpr double widestOverhang = 12;
     const double numbersLeft = lines[rows.front().front()].place.left();
@@ -240,7 +240,7 @@ PageTiles PageTiles::of(const QList<TextLine>& lines, const PageMeasure& measure
         }
         const auto column =
             std::count_if(gutters.begin(), gutters.end(), [&](double x) { return place.center().x() > x; });
-        result.tiles[static_cast<qsizetype>(row * columns) + column].append(lines[i]);
+        result.tiles[static_cast<qsizetype>(row) * columns + column].append(lines[i]);
     }
     for (QList<TextLine>& tile : result.tiles) {
         tile = PageRows::withAmountsJoined(std::move(tile), measure);
