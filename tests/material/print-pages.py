@@ -116,7 +116,7 @@ def main():
             target = args.target / name.replace("_", "-")
             target.mkdir(parents=True, exist_ok=True)
             layouts = importlib.import_module(f"printed.{name}").LAYOUTS
-            for index, recipe in enumerate(recipes[::args.every]):
+            for recipe in recipes[::args.every]:
                 same = [other for other in recipes if other["language"] == recipe["language"]]
                 following = same[(same.index(recipe) + 1) % len(same)]
                 for layout, page in layouts.items():

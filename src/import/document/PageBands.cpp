@@ -38,13 +38,8 @@ bool arePartHeadings(const QList<TextLine>& lines, double x, qsizetype begin, co
 {
     const TextLine& a = lines[begin];
     const TextLine& b = lines[begin + 1];
-    const HeadingKind first = headings.of(a);
-    const HeadingKind second = headings.of(b);
-    const auto isPart = [](HeadingKind kind) {
-        return kind == HeadingKind::Ingredients || kind == HeadingKind::Directions;
-    };
-    return measure.isSameRow(a, b) && (a.place.right() < x) != (b.place.right() < x) && isPart(first) &&
-           isPart(second) && first != second;
+    return measure.isSameRow(a, b) && (a.place.right() < x) != (b.place.right() < x) && headings.isPart(a) &&
+           headings.isPart(b) && headings.of(a) != headings.of(b);
 }
 
 /// The end of the band without a heading that stands below both columns and above more text that spans
@@ -235,18 +230,14 @@ Band PageBands::best(const QList<TextLine>& lines, const PageMeasure& measure, c
 qsizetype PageBands::headingAcross(const QList<TextLine>& lines, const Band& band, const PageMeasure& measure,
                                    const PageHeadings& headings)
 {
-    // Only the recipe's own parts span columns: a tip's heading stands in one of them.
-    const auto isPart = [&](qsizetype i) {
-        const HeadingKind kind = headings.of(lines[i]);
-        return kind == HeadingKind::Ingredients || kind == HeadingKind::Directions;
-    };
     struct Side
     {
         qsizetype above = 0;
         QList<TextLine> below;
     };
     for (qsizetype i = band.begin + 1; i < band.end; ++i) {
-        if (!isPart(i)) {
+        // Only the recipe's own parts span columns: a tip's heading stands in one of them.
+        if (!headings.isPart(lines[i])) {
             continue;
         }
         const QRectF& place = lines[i].place;
@@ -258,7 +249,7 @@ qsizetype PageBands::headingAcross(const QList<TextLine>& lines, const Band& ban
             Side& side = sides.at(other.center().x() < band.middle() ? 0 : 1);
             isAlone = k == i || other.bottom() <= place.top() + 0.2 * measure.height ||
                       other.top() >= place.bottom() - 0.2 * measure.height;
-            isOtherPart = isOtherPart || (k > i && isPart(k));
+            isOtherPart = isOtherPart || (k > i && headings.isPart(lines[k]));
             if (k < i) {
                 ++side.above;
             } else if (k > i && !isOtherPart) {

@@ -32,6 +32,11 @@ public:
     explicit PageHeadings(const QList<TextLine>& lines);
 
     HeadingKind of(const TextLine& line) const { return m_kinds.value(line.text, HeadingKind::None); }
+    /// Whether the line heads the list or the method.
+    bool isPart(const TextLine& line) const
+    {
+        return of(line) == HeadingKind::Ingredients || of(line) == HeadingKind::Directions;
+    }
 
 private:
     QHash<QString, HeadingKind> m_kinds;

@@ -113,16 +113,7 @@ private:
         if (const auto cells = PageRows::inCells(lines, m_measure)) {
             return *cells;
         }
-        lines = PageRows::withAmountsJoined(std::move(lines), m_measure);
-        double right = 0;
-        for (const TextLine& line : lines) {
-            right = std::max(right, line.place.right());
-        }
-        for (qsizetype i = 0; i < lines.size(); ++i) {
-            lines[i].startsBlock = i == 0;
-            lines[i].columnRight = right;
-        }
-        return lines;
+        return PageRows::asColumn(PageRows::withAmountsJoined(std::move(lines), m_measure));
     }
 
     /// The first line in large type that stands below all that is above it, apart from it: what follows is

@@ -125,8 +125,8 @@ bool isPageName(const QList<TextLine>& lines, qsizetype i)
     const bool isLast = i + 1 == lines.size() || lines[i + 1].page != lines[i].page;
     // Of two pages side by side the left one's foot is not the last line.
     constexpr double foot = 0.9;
-    const bool isAtFoot = isLast ? lines[i].startsBlock : lines[i].place.top() > foot;
-    return isAtFoot && i > 1 && name.match(lines[i].text).hasMatch() &&
+    const bool standsAtFoot = isLast ? lines[i].startsBlock : lines[i].place.top() > foot;
+    return standsAtFoot && i > 1 && name.match(lines[i].text).hasMatch() &&
            !LineShape::isAllCapitals(lines[i - 1].text) && !LineShape::isAllCapitals(lines[i - 2].text);
 }
 
@@ -144,7 +144,7 @@ bool isAtFoot(const TextLine& line)
 }
 
 /// A short line at the page's foot, far from all else.
-bool isFoot(const QList<TextLine>& lines, qsizetype i)
+bool isLoneFoot(const QList<TextLine>& lines, qsizetype i)
 {
     constexpr double widestGap = 2.5;
     constexpr qsizetype longestFoot = 80;
@@ -254,7 +254,7 @@ QList<TextLine> PageFurniture::removed(const QList<TextLine>& lines)
         const bool numbersPage = inMargin && lines.size() > 4 && isPageNumber(line.text) && isAtEdge(line) &&
                                  (i + 1 == lines.size() || lines[i + 1].page != line.page || i == 0 ||
                                   lines[i - 1].page != line.page || isAtFoot(line));
-        if (line.text.isEmpty() || recurs || numbersPage || isFoot(lines, i) || isPageName(lines, i) ||
+        if (line.text.isEmpty() || recurs || numbersPage || isLoneFoot(lines, i) || isPageName(lines, i) ||
             isFurniture(line.text)) {
             continue;
         }

@@ -56,6 +56,19 @@ QList<TextLine> PageRows::withAmountsJoined(QList<TextLine> lines, const PageMea
     return result;
 }
 
+QList<TextLine> PageRows::asColumn(QList<TextLine> lines)
+{
+    double right = 0;
+    for (const TextLine& line : lines) {
+        right = std::max(right, line.place.right());
+    }
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        lines[i].startsBlock = i == 0;
+        lines[i].columnRight = right;
+    }
+    return lines;
+}
+
 QList<TextLine> PageRows::ofTable(QList<TextLine> lines, const PageMeasure& measure)
 {
     lines = withAmountsJoined(std::move(lines), measure);
@@ -75,6 +88,9 @@ std::optional<QList<TextLine>> PageRows::inCells(const QList<TextLine>& lines, c
                                       std::count_if(lines.begin(), lines.end(), [&](const TextLine& other) {
                                           return measure.isSameRow(line, other);
                                       })));
+    }
+    if (widest < leastColumns) {
+        return std::nullopt;
     }
     QList<QList<TextLine>> cells;
     bool areWrapped = false;
@@ -96,7 +112,7 @@ std::optional<QList<TextLine>> PageRows::inCells(const QList<TextLine>& lines, c
             areWrapped = true;
         }
     }
-    if (widest < leastColumns || !areWrapped) {
+    if (!areWrapped) {
         return std::nullopt;
     }
     const auto middle = [](const QList<TextLine>& cell) {
@@ -114,15 +130,7 @@ std::optional<QList<TextLine>> PageRows::inCells(const QList<TextLine>& lines, c
             return a.first().place.left() < b.first().place.left();
         });
         for (; begin < end; ++begin) {
-            double right = 0;
-            for (const TextLine& line : cells[begin]) {
-                right = std::max(right, line.place.right());
-            }
-            for (TextLine line : cells[begin]) {
-                line.startsBlock = line == cells[begin].first();
-                line.columnRight = right;
-                result.append(line);
-            }
+            result += asColumn(cells[begin]);
         }
     }
     return result;
@@ -133,22 +141,24 @@ bool PageRows::isTable(const QList<TextLine>& left, const QList<TextLine>& right
     const auto isCell = [](const TextLine& line) {
         return headingOf(line.text).kind == HeadingKind::None && !RecipeFacts::isFact(line.text);
     };
-    const auto isAmounts = [&](const QList<TextLine>& lines) {
-        const auto cells = std::count_if(lines.begin(), lines.end(), isCell);
+    const auto leftCells = std::count_if(left.begin(), left.end(), isCell);
+    const auto rightCells = std::count_if(right.begin(), right.end(), isCell);
+    const auto isAmounts = [](const QList<TextLine>& lines, qsizetype cells) {
         const auto amounts = std::count_if(lines.begin(), lines.end(), [](const TextLine& line) {
             return LineShape::isBareAmount(line.text);
         });
         return cells > 0 && amounts * 5 >= cells * 4;
     };
+    if (isAmounts(left, leftCells) == isAmounts(right, rightCells)) {
+        return false;
+    }
     qsizetype pairs = 0;
     for (const TextLine& cell : right) {
         pairs += std::any_of(left.begin(), left.end(), [&](const TextLine& other) {
             return measure.isSameRow(cell, other) && isCell(other);
         });
     }
-    const auto lesser = std::min(std::count_if(left.begin(), left.end(), isCell),
-                                 std::count_if(right.begin(), right.end(), isCell));
-    return isAmounts(left) != isAmounts(right) && pairs * 5 >= lesser * 4;
+    return pairs * 5 >= std::min(leftCells, rightCells) * 4;
 }
 
 bool PageRows::isLabels(const QList<TextLine>& lines)

@@ -23,6 +23,9 @@ std::optional<QList<TextLine>> inCells(const QList<TextLine>& lines, const PageM
 /// words.
 bool isTable(const QList<TextLine>& left, const QList<TextLine>& right, const PageMeasure& measure);
 
+/// One block, as wide as its widest line.
+QList<TextLine> asColumn(QList<TextLine> lines);
+
 /// The rows of a table as one line each. Not one of them is the rest of another, so that each has room.
 QList<TextLine> ofTable(QList<TextLine> lines, const PageMeasure& measure);
 

@@ -11,12 +11,33 @@ namespace ovrin {
 
 namespace {
 
+/// A number may stand above the middle of its text: how far the text may then reach to its left, in letters.
+constexpr double widestOverhang = 12;
+
 /// Indexes of the lines with the numbers of one row, from left to right.
 using Row = std::vector<qsizetype>;
 
+/// The number in front of each line, where there is one.
+using Numbers = std::vector<std::optional<LineShape::Numbered>>;
+
+Numbers numbersOf(const QList<TextLine>& lines)
+{
+    Numbers numbers;
+    for (const TextLine& line : lines) {
+        numbers.push_back(LineShape::counted(line.text));
+    }
+    return numbers;
+}
+
+bool crosses(const TextLine& line, double x)
+{
+    return line.place.left() < x && line.place.right() > x;
+}
+
 /// The rows of numbers from the one on that line `begin` opens, each from left to right. Numbers that stand
 /// elsewhere than below the first row's are none of theirs.
-std::vector<Row> rowsFrom(const QList<TextLine>& lines, qsizetype begin, const PageMeasure& measure)
+std::vector<Row> rowsFrom(const QList<TextLine>& lines, const Numbers& numbers, qsizetype begin,
+                          const PageMeasure& measure)
 {
     const auto isSameRow = [&](qsizetype a, qsizetype b) {
         return std::abs(lines[b].place.top() - lines[a].place.top()) <
@@ -25,7 +46,7 @@ std::vector<Row> rowsFrom(const QList<TextLine>& lines, qsizetype begin, const P
     std::vector<Row> rows(1);
     const double left = lines[begin].place.left();
     for (qsizetype i = 0; i < lines.size(); ++i) {
-        if (!LineShape::counted(lines[i].text)) {
+        if (!numbers[static_cast<std::size_t>(i)]) {
             continue;
         }
         if (isSameRow(begin, i)) {
@@ -54,9 +75,9 @@ std::vector<Row> rowsFrom(const QList<TextLine>& lines, qsizetype begin, const P
 }
 
 /// How many of the rows count on from each other.
-std::size_t countingRows(const std::vector<Row>& rows, const QList<TextLine>& lines)
+std::size_t countingRows(const std::vector<Row>& rows, const QList<TextLine>& lines, const Numbers& numbers)
 {
-    const auto numberOf = [&](qsizetype i) { return LineShape::counted(lines[i].text)->number; };
+    const auto numberOf = [&](qsizetype i) { return numbers[static_cast<std::size_t>(i)]->number; };
     const bool isBare = LineShape::isBareNumber(lines[rows.front().front()].text);
     int expected = numberOf(rows.front().front());
     for (std::size_t kept = 0; kept < rows.size(); ++kept) {
@@ -76,17 +97,18 @@ std::size_t countingRows(const std::vector<Row>& rows, const QList<TextLine>& li
 std::vector<Row> numberRows(const QList<TextLine>& lines, const PageMeasure& measure)
 {
     constexpr int mostStarts = 24;
+    const Numbers numbers = numbersOf(lines);
     std::vector<Row> best;
     qsizetype most = 1;
     int starts = 0;
     for (qsizetype begin = 0; begin < lines.size() && starts < mostStarts; ++begin) {
-        const auto number = LineShape::counted(lines[begin].text);
+        const auto& number = numbers[static_cast<std::size_t>(begin)];
         if (!number || (lines[begin].page == 0 && number->number != 1)) {
             continue;
         }
         ++starts;
-        std::vector<Row> rows = rowsFrom(lines, begin, measure);
-        rows.resize(countingRows(rows, lines));
+        std::vector<Row> rows = rowsFrom(lines, numbers, begin, measure);
+        rows.resize(countingRows(rows, lines, numbers));
         qsizetype tiles = 0;
         for (const Row& row : rows) {
             tiles += static_cast<qsizetype>(row.size());
@@ -103,8 +125,6 @@ std::vector<Row> numberRows(const QList<TextLine>& lines, const PageMeasure& mea
 std::vector<double> guttersOf(const QList<TextLine>& lines, qsizetype begin, const std::vector<Row>& rows,
                               const PageMeasure& measure)
 {
-    // A number may stand above the middle of its text.
-    constexpr double widestOverhang = 12;
     constexpr double linesBelow = 3;
     const double bottom = lines[rows.back().back()].place.top() + linesBelow * measure.height;
     std::vector<double> gutters;
@@ -137,14 +157,11 @@ PageTiles withSidebar(const QList<TextLine>& lines, const PageTiles& tiles, doub
                       double tilesLeft)
 {
     const double x = (sidebarRight + tilesLeft) / 2;
-    const auto crosses = [x](const TextLine& line) {
-        return line.place.left() < x && line.place.right() > x;
-    };
     PageTiles result{tiles.begin, tiles.end, {}, x};
-    while (result.begin > 0 && !crosses(lines[result.begin - 1])) {
+    while (result.begin > 0 && !crosses(lines[result.begin - 1], x)) {
         --result.begin;
     }
-    while (result.end < lines.size() && !crosses(lines[result.end])) {
+    while (result.end < lines.size() && !crosses(lines[result.end], x)) {
         ++result.end;
     }
     return result;
@@ -204,23 +221,20 @@ PageTiles PageTiles::of(const QList<TextLine>& lines, const PageMeasure& measure
     }
     const qsizetype lastNumber = *std::max_element(rows.back().begin(), rows.back().end());
     const std::vector<double> gutters = guttersOf(lines, result.begin, rows, measure);
-    const auto crosses = [&](const TextLine& line) {
-        return std::any_of(gutters.begin(), gutters.end(),
-                           [&](double x) { return line.place.left() < x && line.place.right() > x; });
+    const auto spans = [&](const TextLine& line) {
+        return std::any_of(gutters.begin(), gutters.end(), [&](double x) { return crosses(line, x); });
     };
     // What spans them below the last row, or stands apart from it, is no part of them.
     constexpr double widestGap = 2.5;
     double bottom = lines[lastNumber].place.bottom();
     result.end = lastNumber + 1;
-    while (result.end < lines.size() && !crosses(lines[result.end]) &&
+    while (result.end < lines.size() && !spans(lines[result.end]) &&
            lines[result.end].place.top() - bottom < widestGap * measure.height) {
         bottom = std::max(bottom, lines[result.end].place.bottom());
         ++result.end;
     }
     const auto columns = static_cast<qsizetype>(gutters.size()) + 1;
     result.tiles.resize(static_cast<qsizetype>(rows.size()) * columns);
-    // A number may stand above the middle of its text.
-    constexpr double widestOverhang = 12;
     const double numbersLeft = lines[rows.front().front()].place.left();
     double sidebarRight = 0;
     double tilesLeft = numbersLeft;
@@ -231,7 +245,7 @@ PageTiles PageTiles::of(const QList<TextLine>& lines, const PageMeasure& measure
             sidebarRight = std::max(sidebarRight, place.right());
             continue;
         }
-        if (crosses(lines[i]) || place.left() < numbersLeft - widestOverhang * measure.letter) {
+        if (spans(lines[i]) || place.left() < numbersLeft - widestOverhang * measure.letter) {
             return {};
         }
         tilesLeft = std::min(tilesLeft, place.left());

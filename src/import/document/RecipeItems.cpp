@@ -131,6 +131,15 @@ QString RecipeItems::joined(const QString& text, const QString& next)
     return text.chopped(1) + next;
 }
 
+QString RecipeItems::joined(const QList<TextLine>& lines)
+{
+    QString text;
+    for (const TextLine& line : lines) {
+        text = joined(text, line.text);
+    }
+    return text;
+}
+
 namespace {
 
 /// No column is so narrow that its lines are wrapped at this width, in LineShape::estimatedWidth.
@@ -315,10 +324,7 @@ std::optional<QStringList> RecipeItems::runIn(const QList<TextLine>& lines)
 {
     constexpr qsizetype leastSeparators = 2;
     constexpr qsizetype longestGroup = 40;
-    QString text;
-    for (const TextLine& line : lines) {
-        text = text.isEmpty() ? line.text : joined(text, line.text);
-    }
+    const QString text = joined(lines);
     const qsizetype separators = text.count(QStringLiteral("; "));
     if (separators < leastSeparators || separators + 1 < lines.size()) {
         return std::nullopt;

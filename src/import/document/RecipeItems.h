@@ -25,6 +25,9 @@ QList<RecipeStep> steps(const QList<TextLine>& lines);
 /// `next` behind `text`: with a space, or without where a hyphen at the line's end only divides a word.
 QString joined(const QString& text, const QString& next);
 
+/// All lines as one text.
+QString joined(const QList<TextLine>& lines);
+
 /// Whether the first word of `next` would have had room on the line before, of a column so wide that
 /// `fullWidth` fits: then that line was ended on purpose.
 bool hadRoomFor(const QString& next, const QString& previous, double fullWidth);

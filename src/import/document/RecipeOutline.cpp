@@ -152,7 +152,7 @@ RecipeOutline firstRecipe(const QList<Section>& all)
 }
 
 /// Whether line `i` heads something in larger type than the step on line `step` has.
-bool isSetOff(const QList<TextLine>& lines, qsizetype i, qsizetype step)
+bool headsOtherText(const QList<TextLine>& lines, qsizetype i, qsizetype step)
 {
     constexpr double largerType = 1.08;
     return lines[i].startsBlock && lines[i].relativeHeight > largerType * lines[step].relativeHeight &&
@@ -185,12 +185,10 @@ qsizetype methodEnd(const QList<TextLine>& lines)
         return lines.size();
     }
     for (qsizetype i = last + 1; i < lines.size(); ++i) {
+        const bool isElsewhere = lines[i].startsBlock && lines[i].page == lines[i - 1].page &&
+                                 mayHaveJumped(lines, i) && !LineShape::counted(lines[i].text);
         if (LineShape::endsSentence(lines[i - 1].text) &&
-            (isSetOff(lines, i, last) || isFarBelow(lines, i))) {
-            return i;
-        }
-        if (lines[i].startsBlock && lines[i].page == lines[i - 1].page && mayHaveJumped(lines, i) &&
-            LineShape::endsSentence(lines[i - 1].text) && !LineShape::counted(lines[i].text)) {
+            (isElsewhere || headsOtherText(lines, i, last) || isFarBelow(lines, i))) {
             return i;
         }
     }

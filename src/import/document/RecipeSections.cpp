@@ -158,10 +158,10 @@ private:
         const bool runsOn = !line.startsBlock && !line.text.isEmpty() && line.text.front().isLower();
         const Heading heading = runsOn ? Heading() : headingOf(line.text);
         resumeAfterAside(line);
-        if (heading.kind == HeadingKind::None && isColumnHead(line)) {
-            return;
-        }
         if (heading.kind == HeadingKind::None) {
+            if (isColumnHead(line)) {
+                return;
+            }
             m_amounts += LineShape::startsWithAmount(line.text) ? 1 : 0;
             if (isTitleBesideTheRecipe(line)) {
                 m_sections.first().lines.append(line);
@@ -236,11 +236,14 @@ private:
         constexpr double sameType = 0.06;
         const bool isOver = std::abs(line.relativeHeight - m_aside->relativeHeight) > sameType ||
                             LineShape::numbered(line.text) || LineShape::hasBullet(line.text);
-        if (isOver || m_sections[m_current].kind != HeadingKind::Other) {
-            m_current =
-                isOver && m_sections[m_current].kind == HeadingKind::Other ? m_aside->section : m_current;
-            m_aside.reset();
+        const bool isInside = m_sections[m_current].kind == HeadingKind::Other;
+        if (isInside && !isOver) {
+            return;
         }
+        if (isInside) {
+            m_current = m_aside->section;
+        }
+        m_aside.reset();
     }
 
     void begin(HeadingKind kind)

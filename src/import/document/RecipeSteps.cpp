@@ -140,35 +140,33 @@ std::optional<QList<RecipeStep>> runningSteps(const QList<TextLine>& lines)
 {
     static const QRegularExpression mark(QStringLiteral("(?:^|\\s)\\((\\d{1,2})\\)\\s+(?=\\S)"));
     constexpr int leastSteps = 2;
-    QString text;
-    for (const TextLine& line : lines) {
-        text = text.isEmpty() ? line.text : RecipeItems::joined(text, line.text);
+    if (!lines.first().text.startsWith(u'(')) {
+        return std::nullopt;
     }
-    QList<RecipeStep> steps;
-    qsizetype begin = -1;
-    const auto close = [&](qsizetype end) {
-        if (begin >= 0) {
-            RecipeStep step;
-            step.paragraphs = QStringList{text.mid(begin, end - begin).trimmed()};
-            steps.append(step);
-        }
-    };
+    const QString text = RecipeItems::joined(lines);
+    QList<QRegularExpressionMatch> counted;
     auto marks = mark.globalMatch(text);
     while (marks.hasNext()) {
         const auto match = marks.next();
-        if (match.captured(1).toInt() == steps.size() + (begin < 0 ? 1 : 2)) {
-            if (begin < 0 && match.capturedStart() > 0) {
-                return std::nullopt;
-            }
-            close(match.capturedStart());
-            begin = match.capturedEnd();
+        if (match.captured(1).toInt() == counted.size() + 1) {
+            counted.append(match);
         }
     }
-    close(text.size());
+    if (counted.size() < leastSteps || counted.first().capturedStart() > 0) {
+        return std::nullopt;
+    }
+    QList<RecipeStep> steps;
+    for (qsizetype k = 0; k < counted.size(); ++k) {
+        const qsizetype begin = counted[k].capturedEnd();
+        const qsizetype end = k + 1 < counted.size() ? counted[k + 1].capturedStart() : text.size();
+        RecipeStep step;
+        step.paragraphs = QStringList{text.mid(begin, end - begin).trimmed()};
+        steps.append(step);
+    }
     const auto atLineStart = std::count_if(lines.begin(), lines.end(), [](const TextLine& line) {
         return line.text.startsWith(u'(') && LineShape::numbered(line.text);
     });
-    return steps.size() >= leastSteps && atLineStart < steps.size() ? std::optional(steps) : std::nullopt;
+    return atLineStart < steps.size() ? std::optional(steps) : std::nullopt;
 }
 
 } // namespace

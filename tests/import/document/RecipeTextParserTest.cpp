@@ -263,6 +263,12 @@ TEST(RecipeTextParser, TellsBareNumbersOfStepsFromAmounts)
                 ElementsAre("1 Päckchen Hefe", "2 TL Zimt", "200 g Mehl", "1 Zitrone"));
     EXPECT_THAT(stepTexts(draft), ElementsAre("Aus dem Mehl und der Hefe einen Teig kneten.",
                                               "Die Zitrone reiben.", "Alles eine halbe Stunde backen."));
+
+    // A word that is a unit elsewhere.
+    const auto english = RecipeTextParser::parse(page(
+        "# Leek Soup\nIngredients\n3 leeks\n1 l stock\n1 Boil the stock.\n2 Slice the leeks.\n3 Add them."));
+    EXPECT_THAT(texts(english.ingredients), ElementsAre("3 leeks", "1 l stock"));
+    EXPECT_THAT(stepTexts(english), ElementsAre("Boil the stock.", "Slice the leeks.", "Add them."));
 }
 
 TEST(RecipeTextParser, KnowsHeadingsInItsLanguages)

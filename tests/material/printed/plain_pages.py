@@ -3,7 +3,7 @@ from html import escape
 
 
 def marked(kind, texts, tag="p"):
-    return "".join(f'<{tag} data-k="{"head" if kind == "head" else kind}">{escape(text)}</{tag}>' for text in texts)
+    return "".join(f"<{tag} data-k={kind}>{escape(text)}</{tag}>" for text in texts)
 
 
 def plain(recipe, _, words):

@@ -32,10 +32,13 @@ struct Type
     double factor(double height) const { return usualHeight * width / ems / height; }
 };
 
+/// Heights that differ by less than a part of a point are one.
+constexpr double keysPerPoint = 20;
+
 /// Words of one height are in one font and size.
 long heightKey(const Word& word)
 {
-    return std::lround(word.box.height() * 20);
+    return std::lround(word.box.height() * keysPerPoint);
 }
 
 } // namespace
@@ -60,7 +63,7 @@ std::vector<Word> withTrueHeights(std::vector<Word> words)
     for (const auto& [key, type] : types) {
         if (type.letters > most && key > 0) {
             most = type.letters;
-            commonFactor = type.factor(static_cast<double>(key) / 20);
+            commonFactor = type.factor(static_cast<double>(key) / keysPerPoint);
         }
     }
     for (Word& word : words) {
