@@ -336,6 +336,7 @@ bool IngredientSearch::isSetOff(qsizetype i) const
     constexpr double largerType = 1.12;
     const TextLine& line = m_lines[i];
     return looksLikeTitle(line) && (line.startsBlock || i == 0) && !opensGroup(line.text) &&
+           !LineShape::counted(line.text) &&
            (line.relativeHeight >= largerType || LineShape::isAllCapitals(line.text));
 }
 

@@ -178,9 +178,11 @@ private:
             // The name on a recipe's card, below the text that it was written for.
             const double card =
                 isLarge && i > 0 && proseAbove >= leastProse && !hasLargeType(title.end) ? 1.6 : 1;
+            const double masthead = isLarge && isMasthead(i) ? 0.4 : 1;
             const double chapter = subsection > i && isChapter(title.text) ? 0.4 : 1;
-            const double score = chapter * card * large * (1 + 1.2 * shareSpokenOf(title.text, m_spoken)) -
-                                 0.12 * static_cast<double>(std::min<qsizetype>(rank++, 8));
+            const double score =
+                masthead * chapter * card * large * (1 + 1.2 * shareSpokenOf(title.text, m_spoken)) -
+                0.12 * static_cast<double>(std::min<qsizetype>(rank++, 8));
             i = title.end;
             if (score > bestScore) {
                 best = title;
@@ -188,6 +190,18 @@ private:
             }
         }
         return best;
+    }
+
+    /// A paper's name, above its date or number and the title of what stands in it.
+    bool isMasthead(qsizetype i) const
+    {
+        static const QRegularExpression dateline(
+            QStringLiteral(
+                "\\b(?:(?:no|nr|number|issue|vol|volume|nummer|ausgabe|heft|numéro|número|numero|numer)"
+                "\\.?\\s*\\d|(?:19|20)\\d\\d\\b)"),
+            QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption);
+        return i + 1 < m_lines.size() && m_lines[i + 1].relativeHeight < titleType &&
+               dateline.match(m_lines[i + 1].text).hasMatch() && hasLargeType(i + 2);
     }
 
     bool hasLargeType(qsizetype begin) const

@@ -151,11 +151,16 @@ RecipeOutline firstRecipe(const QList<Section>& all)
     return result;
 }
 
-/// Whether line `i` heads something in larger type than the step on line `step` has.
+/// Whether line `i` heads something in larger type than the step on line `step` has, or in smaller type a
+/// text that is smaller too.
 bool headsOtherText(const QList<TextLine>& lines, qsizetype i, qsizetype step)
 {
     constexpr double largerType = 1.08;
-    return lines[i].startsBlock && lines[i].relativeHeight > largerType * lines[step].relativeHeight &&
+    constexpr double smallerType = 0.96;
+    const double height = lines[step].relativeHeight;
+    const bool isSmall = i + 1 < lines.size() && lines[i].relativeHeight < smallerType * height &&
+                         lines[i + 1].relativeHeight < smallerType * height;
+    return lines[i].startsBlock && (isSmall || lines[i].relativeHeight > largerType * height) &&
            looksLikeTitle(lines[i]) && !LineShape::counted(lines[i].text);
 }
 

@@ -358,6 +358,32 @@ TEST(RecipeTextParser, TakesTheNameOnTheCardBelowAText)
     EXPECT_EQ(RecipeTextParser::parse(lines).title, QStringLiteral("Grandma’s Best"));
 }
 
+TEST(RecipeTextParser, TakesNoNameOfAPaperForATitle)
+{
+    QList<TextLine> lines = page("# The Allotment Letter\nNumber 41 · Autumn\n# Arroz Chaufa\nIngredients\n"
+                                 "2 eggs\n1 onion\nMethod\nBoil the eggs.");
+    lines[2].relativeHeight = 1.6;
+    EXPECT_EQ(RecipeTextParser::parse(lines).title, QStringLiteral("Arroz Chaufa"));
+}
+
+TEST(RecipeTextParser, TakesNoLabelOfAStepForAFurtherRecipe)
+{
+    const auto draft = RecipeTextParser::parse(
+        page("# Soup\nIngredients\n2 eggs\n1 onion\n\nSTEP 1\nBoil the eggs.\n\nSTEP 2\nPeel them and eat."));
+    EXPECT_THAT(stepTexts(draft), ElementsAre("Boil the eggs.", "Peel them and eat."));
+}
+
+TEST(RecipeTextParser, EndsTheMethodWhereASmallerTextHasAHeading)
+{
+    QList<TextLine> lines =
+        page("# Soup\nIngredients\n2 eggs\n1 onion\nMethod\n1 Boil the eggs.\n2 Peel the eggs.\n\n"
+             "Think about it\n1. Why do we wash our hands?\n2. Where do eggs come from?");
+    for (qsizetype i = lines.size() - 3; i < lines.size(); ++i) {
+        lines[i].relativeHeight = 0.9;
+    }
+    EXPECT_THAT(stepTexts(RecipeTextParser::parse(lines)), ElementsAre("Boil the eggs.", "Peel the eggs."));
+}
+
 TEST(RecipeTextParser, TakesSmallTypeBehindTheMethodForNoStep)
 {
     QList<TextLine> lines = page("# Soup\n2 eggs\n1 l stock\n3 carrots\n\nBoil the eggs and the carrots.\n"
