@@ -32,7 +32,8 @@ struct PageLine
     bool operator==(const PageLine&) const = default;
 };
 
-/// The answer to a document (whose bytes are the request): the lines of its first pages, unordered.
+/// The answer to a document (whose bytes are the request): the lines of its first pages, each page's in the
+/// order in which it draws them.
 struct DocumentAnswer
 {
     QList<QList<PageLine>> pages;

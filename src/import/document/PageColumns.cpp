@@ -12,17 +12,8 @@ namespace ovrin {
 
 namespace {
 
-/// A page with more lines than this is no page of a book; it keeps the order it has.
-constexpr qsizetype mostLines = 600;
 /// Bands within columns within bands: deeper than this no page is made.
 constexpr int deepest = 8;
-
-bool isPlaced(const TextLine& line)
-{
-    const QRectF& place = line.place;
-    return std::isfinite(place.left()) && std::isfinite(place.top()) && std::isfinite(place.width()) &&
-           std::isfinite(place.height()) && place.width() > 0 && place.height() > 0;
-}
 
 /// One page's lines.
 class Page
@@ -65,24 +56,6 @@ public:
                    ordered(lines.sliced(heading), depth + 1, band.middle());
         }
         return inColumns(lines, band.begin, band.end, band.middle(), depth);
-    }
-
-    /// Marks the lines that stand apart from the one before, besides those that begin a band or a column.
-    void markBlocks(QList<TextLine>& lines) const
-    {
-        std::vector<double> gaps{0};
-        for (qsizetype i = 1; i < lines.size(); ++i) {
-            const double gap = lines[i].place.top() - lines[i - 1].place.bottom();
-            if (gap > -0.5 * m_measure.height && gap < 2 * m_measure.height) {
-                gaps.push_back(gap);
-            }
-        }
-        const double wide =
-            std::min(0.9 * m_measure.height, std::max(0.45 * m_measure.height, 3 * medianOf(gaps)));
-        for (qsizetype i = 0; i < lines.size(); ++i) {
-            const double gap = i == 0 ? 0 : lines[i].place.top() - lines[i - 1].place.bottom();
-            lines[i].startsBlock = lines[i].startsBlock || i == 0 || gap > wide || gap < -m_measure.height;
-        }
     }
 
 private:
@@ -146,22 +119,7 @@ private:
 
 QList<TextLine> PageColumns::regrouped(const QList<TextLine>& lines)
 {
-    QList<TextLine> result;
-    for (qsizetype begin = 0; begin < lines.size();) {
-        qsizetype end = begin;
-        while (end < lines.size() && lines[end].page == lines[begin].page) {
-            ++end;
-        }
-        QList<TextLine> own = lines.sliced(begin, end - begin);
-        if (own.size() <= mostLines && std::all_of(own.begin(), own.end(), isPlaced)) {
-            const Page page(own);
-            own = page.ordered(own);
-            page.markBlocks(own);
-        }
-        result += own;
-        begin = end;
-    }
-    return result;
+    return PageRows::pageByPage(lines, [](const QList<TextLine>& own) { return Page(own).ordered(own); });
 }
 
 } // namespace ovrin

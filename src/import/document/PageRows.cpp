@@ -10,6 +10,32 @@ namespace ovrin {
 
 namespace {
 
+constexpr qsizetype mostLines = 600;
+
+bool isPlaced(const TextLine& line)
+{
+    const QRectF& place = line.place;
+    return std::isfinite(place.left()) && std::isfinite(place.top()) && std::isfinite(place.width()) &&
+           std::isfinite(place.height()) && place.width() > 0 && place.height() > 0;
+}
+
+void markBlocks(QList<TextLine>& lines)
+{
+    const double height = PageMeasure::of(lines).height;
+    std::vector<double> gaps{0};
+    for (qsizetype i = 1; i < lines.size(); ++i) {
+        const double gap = lines[i].place.top() - lines[i - 1].place.bottom();
+        if (gap > -0.5 * height && gap < 2 * height) {
+            gaps.push_back(gap);
+        }
+    }
+    const double wide = std::min(0.9 * height, std::max(0.45 * height, 3 * medianOf(gaps)));
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        const double gap = i == 0 ? 0 : lines[i].place.top() - lines[i - 1].place.bottom();
+        lines[i].startsBlock = lines[i].startsBlock || i == 0 || gap > wide || gap < -height;
+    }
+}
+
 /// Two times, or a time and a number of portions, are no amount with its name.
 bool isAmountAndName(const QString& a, const QString& b)
 {
@@ -20,6 +46,26 @@ bool isAmountAndName(const QString& a, const QString& b)
 }
 
 } // namespace
+
+QList<TextLine> PageRows::pageByPage(const QList<TextLine>& lines,
+                                     const std::function<QList<TextLine>(const QList<TextLine>&)>& ordered)
+{
+    QList<TextLine> result;
+    for (qsizetype begin = 0; begin < lines.size();) {
+        qsizetype end = begin;
+        while (end < lines.size() && lines[end].page == lines[begin].page) {
+            ++end;
+        }
+        QList<TextLine> own = lines.sliced(begin, end - begin);
+        if (own.size() <= mostLines && std::all_of(own.begin(), own.end(), isPlaced)) {
+            own = ordered(own);
+            markBlocks(own);
+        }
+        result += own;
+        begin = end;
+    }
+    return result;
+}
 
 QList<TextLine> PageRows::sorted(QList<TextLine> lines, const PageMeasure& measure)
 {
@@ -38,8 +84,13 @@ QList<TextLine> PageRows::sorted(QList<TextLine> lines, const PageMeasure& measu
 
 QList<TextLine> PageRows::withAmountsJoined(QList<TextLine> lines, const PageMeasure& measure)
 {
+    return joinedCells(sorted(std::move(lines), measure), measure);
+}
+
+QList<TextLine> PageRows::joinedCells(QList<TextLine> lines, const PageMeasure& measure)
+{
     QList<TextLine> result;
-    for (const TextLine& line : sorted(std::move(lines), measure)) {
+    for (const TextLine& line : lines) {
         if (!result.isEmpty() && measure.isSameRow(result.last(), line) &&
             line.place.left() > result.last().place.right() &&
             isAmountAndName(result.last().text, line.text)) {

@@ -14,8 +14,8 @@ class PdfTextLayer
 public:
     virtual ~PdfTextLayer() = default;
 
-    /// The unordered lines of each of the first twelve pages. Nothing when `pdf` cannot be read within
-    /// bounds, or once `stop` is requested. Never throws.
+    /// The lines of each of the first twelve pages, as they are drawn. Nothing when `pdf` cannot be read
+    /// within bounds, or once `stop` is requested. Never throws.
     virtual QCoro::Task<std::optional<QList<QList<TextBox>>>> pages(QByteArray pdf, std::stop_token stop) = 0;
 };
 

@@ -145,7 +145,8 @@ QList<TextLine> DocumentTextReader::readingOrder(const QList<TextBox>& boxes, in
     for (const TextBox& box : ordered(boxes, typical)) {
         const double gap = box.rect.top() - previousBottom;
         lines.append({withoutIcons(box.text), lines.isEmpty() || gap > 0.9 * typical || gap < -typical,
-                      box.rect.height() / (typical <= 0.0001 ? 0.0001 : typical), page, box.rect});
+                      box.rect.height() / (typical <= 0.0001 ? 0.0001 : typical), page, box.rect, 0,
+                      box.drawn});
         previousBottom = box.rect.bottom();
     }
     return lines;

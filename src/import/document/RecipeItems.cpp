@@ -116,6 +116,9 @@ QString RecipeItems::joined(const QString& text, const QString& next)
     if (text.endsWith(QChar(0x00AD))) {
         return text.chopped(1) + next;
     }
+    if (text.endsWith(QChar(0x2011))) {
+        return text.chopped(1) + u'-' + next;
+    }
     const bool dividesWord = text.size() > 2 && (text.endsWith(u'-') || text.endsWith(QChar(0x2010))) &&
                              text[text.size() - 2].isLetter() && !next.isEmpty() && next.front().isLetter();
     if (!dividesWord) {

@@ -1,5 +1,8 @@
 #include "import/document/RecipeTextParser.h"
 
+#include "import/document/DraftDoubts.h"
+#include "import/document/DrawnOrder.h"
+#include "import/document/LineEndHyphens.h"
 #include "import/document/LineShape.h"
 #include "import/document/PageColumns.h"
 #include "import/document/PageFurniture.h"
@@ -108,25 +111,58 @@ void takeFacts(QList<TextLine>& lines, RecipeDraft& draft, bool onlyLabelled)
     lines = rest;
 }
 
+/// What an order of the lines makes of them.
+struct Reading
+{
+    RecipeTextParser::Result result;
+    double doubts = 0;
+};
+
+Reading readingOf(QList<TextLine> lines, const QStringList& siteNames)
+{
+    repairZeros(lines);
+    spellCircledNumbers(lines);
+    joinDropCaps(lines);
+    lines = LineEndHyphens::told(std::move(lines));
+    RecipeOutline parts = outline(lines);
+    Reading reading;
+    RecipeDraft& draft = reading.result.draft;
+    reading.result.hasMoreRecipes = parts.hasMoreRecipes;
+    readHead(parts, siteNames, draft);
+    takeFacts(parts.ingredients, draft, false);
+    takeFacts(parts.directions, draft, true);
+    draft.ingredients =
+        RecipeItems::runIn(parts.ingredients).value_or(RecipeItems::ingredients(parts.ingredients));
+    draft.steps = RecipeItems::steps(parts.directions);
+    reading.doubts = doubtsAbout(draft, parts, lines);
+    return reading;
+}
+
+bool isSameText(const QList<TextLine>& a, const QList<TextLine>& b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](const TextLine& x, const TextLine& y) { return x.text == y.text; });
+}
+
 } // namespace
 
 RecipeTextParser::Result RecipeTextParser::parseFirst(const QList<TextLine>& lines)
 {
     const QList<TextLine> considered = lines.first(std::min(lines.size(), mostLines));
-    QList<TextLine> text = PageColumns::regrouped(PageFurniture::removed(considered));
-    repairZeros(text);
-    spellCircledNumbers(text);
-    joinDropCaps(text);
-    RecipeOutline parts = outline(text);
-    Result result;
-    result.hasMoreRecipes = parts.hasMoreRecipes;
-    readHead(parts, PageFurniture::siteNames(considered), result.draft);
-    takeFacts(parts.ingredients, result.draft, false);
-    takeFacts(parts.directions, result.draft, true);
-    result.draft.ingredients =
-        RecipeItems::runIn(parts.ingredients).value_or(RecipeItems::ingredients(parts.ingredients));
-    result.draft.steps = RecipeItems::steps(parts.directions);
-    return result;
+    const QList<TextLine> kept = PageFurniture::removed(considered);
+    const QStringList siteNames = PageFurniture::siteNames(considered);
+    const QList<TextLine> byPlace = PageColumns::regrouped(kept);
+    Reading best = readingOf(byPlace, siteNames);
+    if (DrawnOrder::isKnown(kept)) {
+        // Where nothing speaks for either, pages are drawn as they are written.
+        constexpr double trust = 0.4;
+        const QList<TextLine> asDrawn = DrawnOrder::regrouped(kept);
+        if (!isSameText(byPlace, asDrawn)) {
+            Reading drawn = readingOf(asDrawn, siteNames);
+            best = drawn.doubts < best.doubts + trust ? std::move(drawn) : std::move(best);
+        }
+    }
+    return best.result;
 }
 
 RecipeDraft RecipeTextParser::parse(const QList<TextLine>& lines)

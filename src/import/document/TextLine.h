@@ -22,10 +22,12 @@ struct TextLine
     /// The page's index, from 0.
     int page = 0;
     /// Where the line stands on its page, in the coordinates of `TextBox`; null where nobody knows, as in
-    /// plain text. This and `columnRight` are left out of JSON.
+    /// plain text. This and what follows are left out of JSON.
     QRectF place = {};
     /// How far to the right the lines of its column reach; 0 where nobody knows.
     double columnRight = 0;
+    /// See `TextBox`.
+    int drawn = -1;
 
     bool operator==(const TextLine&) const = default;
 };
@@ -36,6 +38,8 @@ struct TextBox
 {
     QString text;
     QRectF rect;
+    /// Its place in the order in which the page's lines are drawn; -1 where nobody knows.
+    int drawn = -1;
 
     bool operator==(const TextBox&) const = default;
 };

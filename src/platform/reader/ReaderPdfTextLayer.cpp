@@ -16,7 +16,7 @@ std::optional<QList<QList<TextBox>>> ReaderPdfTextLayer::boxesOf(const std::opti
     for (const QList<reader::PageLine>& page : answer->pages) {
         QList<TextBox> boxes;
         for (const reader::PageLine& line : page) {
-            boxes.append({line.text, line.box});
+            boxes.append({line.text, line.box, static_cast<int>(boxes.size())});
         }
         pages.append(boxes);
     }

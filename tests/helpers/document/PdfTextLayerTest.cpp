@@ -46,6 +46,20 @@ TEST(PdfTextLayer, GivesLinesWithTheirPlaces)
     }
 }
 
+TEST(PdfTextLayer, GivesLinesAsTheyAreDrawn)
+{
+    // Two columns one after the other, a step's mark by itself at the end, a word that stands twice.
+    const auto pages =
+        read(Pdfs::pages({Pdfs::textAt(60, 700, "1 cup flour") + Pdfs::textAt(60, 680, "Salt") +
+                          Pdfs::textAt(330, 700, "Mix the flour and the salt.") +
+                          Pdfs::textAt(330, 680, "Salt") + Pdfs::textAt(60, 400, "Knead it well.") +
+                          Pdfs::textAt(60, 740, "Bread, drawn last") + Pdfs::textAt(45, 400, "2.")}));
+    ASSERT_TRUE(pages);
+    EXPECT_THAT(textsOf(pages->first()),
+                testing::ElementsAre("1 cup flour", "Salt", "Mix the flour and the salt.", "Salt",
+                                     "2. Knead it well.", "Bread, drawn last"));
+}
+
 TEST(PdfTextLayer, StopsAfterTheTwelfthPage)
 {
     QByteArrayList contents;

@@ -1,3 +1,4 @@
+#include "import/document/LineEndHyphens.h"
 #include "import/document/RecipeTextParser.h"
 
 #include "import/document/RecipeFacts.h"
@@ -147,4 +148,27 @@ TEST(TextParserRules, JoinHyphensWhereTheWordCallsForIt)
     for (const auto& [left, right, whole] : cases) {
         EXPECT_EQ(RecipeItems::joined(text(left), text(right)).toStdString(), whole);
     }
+}
+
+TEST(TextParserRules, TellHyphensOfWordsFromThoseOfLineEnds)
+{
+    const auto told = [](const char* lines) {
+        QStringList texts;
+        for (const TextLine& line : LineEndHyphens::told(TextLines::fromPlainText(text(lines)))) {
+            texts.append(line.text);
+        }
+        return RecipeItems::joined(texts[0], texts[1]).toStdString();
+    };
+    EXPECT_EQ(told("Fry the ginger-\ngarlic paste.\nUse fresh ginger and garlic."),
+              "Fry the ginger-garlic paste.");
+    EXPECT_EQ(told("Chop the ginger-\ngarlic, then the gingergarlic."),
+              "Chop the gingergarlic, then the gingergarlic.");
+    EXPECT_EQ(told("Let it cool in the refrig-\nerator."), "Let it cool in the refrigerator.");
+    const std::string whole = "1 bottle tomato-\nvegetable juice\n";
+    std::string wrapped;
+    for (int i = 0; i < 12; ++i) {
+        wrapped += "\nThese are lines of a text\nthat go on.";
+    }
+    EXPECT_EQ(told((whole + wrapped).c_str()), "1 bottle tomato-vegetable juice")
+        << "a page that divides words divides more than one";
 }

@@ -1,5 +1,6 @@
 #include "helpers/document-reader/document/PdfText.h"
 
+#include "helpers/document-reader/document/DrawingOrder.h"
 #include "helpers/document-reader/document/LineAssembly.h"
 #include "helpers/document-reader/document/TypeSize.h"
 
@@ -125,12 +126,14 @@ QList<reader::PageLine> linesOf(const Poppler::Document& document, int index)
     if (size.isEmpty()) {
         return {};
     }
+    // Poppler gives it before the words only: after them the text of drawn glyphs is missing.
+    const QString drawn = page->text(QRectF(), Poppler::Page::RawOrderLayout);
     std::vector<Word> words = wordsOf(*page);
     if (hasDrawnGlyphs(document, index)) {
         words = withTrueHeights(std::move(words));
     }
     QList<reader::PageLine> lines;
-    for (const Run& run : assembledLines(runsOf(words))) {
+    for (const Run& run : inDrawingOrder(assembledLines(runsOf(words)), drawn)) {
         lines.append({run.text.left(reader::maximumLineLength),
                       {run.box.left() / size.width(), run.box.top() / size.height(),
                        run.box.width() / size.width(), run.box.height() / size.height()}});
