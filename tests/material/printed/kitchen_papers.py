@@ -2,25 +2,15 @@
 import re
 from html import escape
 
-AMOUNT = re.compile(r"((?:[\d½¼¾⅓⅔][\d½¼¾⅓⅔/.,\s–-]*)(?:(?:kg|g|dl|cl|ml|l|oz|lbs?|cups?|tbsp|tsp|Tbsp|EL|TL)\b\.?)?)\s+(\S.*)")
+from printed._parts import NARROW, head, title
 
-# By its family name the browser is handed the Type 1 file of this face, which it cannot use.
-NARROW = "".join(f"@font-face {{ font-family: Narrow; font-weight: {weight}; src: local('NimbusSansNarrow-{style}') }}"
-                 for weight, style in ((400, "Regular"), (700, "Bold")))
+AMOUNT = re.compile(r"((?:[\d½¼¾⅓⅔][\d½¼¾⅓⅔/.,\s–-]*)(?:(?:kg|g|dl|cl|ml|l|oz|lbs?|cups?|tbsp|tsp|Tbsp|EL|TL)\b\.?)?)\s+(\S.*)")
 
 
 def sheet(style, body, size="A4", margin="18mm"):
     return f"""<!doctype html><meta charset=utf-8><style>{NARROW} @page {{ size: {size}; margin: {margin} }}
         body, h1, h2, h3, p, ul, ol {{ margin: 0 }} ul, ol {{ padding: 0 }} .t {{ font-weight: bold }}
         h1, h2, h3 {{ break-after: avoid }} {style}</style>{body}"""
-
-
-def title(recipe, tag="h1"):
-    return f"<{tag} data-k=title>{escape(recipe['title'])}</{tag}>"
-
-
-def head(text, tag="h2"):
-    return f"<{tag} data-k=head>{escape(text)}</{tag}>"
 
 
 def ingredients(recipe, tag="li"):
