@@ -1,5 +1,6 @@
 #include "import/document/DrawnOrder.h"
 
+#include "import/document/LineShape.h"
 #include "import/document/PageMeasure.h"
 #include "import/document/PageRows.h"
 
@@ -69,12 +70,32 @@ QList<TextLine> narrowed(QList<TextLine> column, const QList<TextLine>& page, co
     return column;
 }
 
+/// Amounts put together with what stands right below them and has none, as in a grid of ingredients.
+QList<TextLine> withAmountsAbove(const QList<TextLine>& lines, const PageMeasure& measure)
+{
+    QList<TextLine> result;
+    for (const TextLine& line : lines) {
+        const QRectF above = result.isEmpty() ? QRectF() : result.last().place;
+        const double gap = line.place.top() - above.bottom();
+        const bool isBelow = !above.isNull() && std::abs(gap) < 0.5 * measure.height &&
+                             line.place.left() < above.right() && above.left() < line.place.right();
+        if (isBelow && LineShape::isBareAmount(result.last().text) && line.text.front().isLetter() &&
+            !LineShape::isProse(line.text)) {
+            result.last().text += u' ' + line.text;
+            result.last().place |= line.place;
+        } else {
+            result.append(line);
+        }
+    }
+    return result;
+}
+
 QList<TextLine> ordered(QList<TextLine> lines)
 {
     const PageMeasure measure = PageMeasure::of(lines);
     std::stable_sort(lines.begin(), lines.end(),
                      [](const TextLine& a, const TextLine& b) { return a.drawn < b.drawn; });
-    lines = PageRows::joinedCells(downwards(lines, measure), measure);
+    lines = withAmountsAbove(PageRows::joinedCells(downwards(lines, measure), measure), measure);
     QList<TextLine> result;
     for (qsizetype begin = 0; begin < lines.size();) {
         qsizetype end = begin + 1;

@@ -15,6 +15,21 @@ constexpr double sameEdge = 0.7;
 /// Blank spaces that differ by less than this are one size, in heights of a line.
 constexpr double sameGap = 0.13;
 
+/// Up to where blank spaces are those between the lines of one entry: to the middle of the first step in
+/// their sizes that is wider than those by which a browser rounds them.
+double widestTight(std::vector<double> gaps)
+{
+    constexpr double leastStep = 0.09;
+    std::sort(gaps.begin(), gaps.end());
+    for (std::size_t k = 1; k < gaps.size(); ++k) {
+        const double step = gaps[k] - gaps[k - 1];
+        if (step > leastStep) {
+            return std::min(gaps[k] - 0.5 * step, gaps.front() + sameGap);
+        }
+    }
+    return gaps.front() + sameGap;
+}
+
 bool isMost(qsizetype some, qsizetype all)
 {
     return all > 0 && some * 5 >= all * 4;
@@ -233,7 +248,7 @@ void LineFlow::judgeByGaps()
     if (gaps.size() < 2) {
         return;
     }
-    const double tight = *std::min_element(gaps.begin(), gaps.end());
+    const double limit = widestTight(gaps);
     qsizetype tightCount = 0;
     qsizetype wideCount = 0;
     qsizetype tightBehindFull = 0;
@@ -242,7 +257,7 @@ void LineFlow::judgeByGaps()
         if (!followsDown(i)) {
             continue;
         }
-        if (gap(i) < tight + sameGap) {
+        if (gap(i) < limit) {
             ++tightCount;
             tightBehindFull += followsLongLine(i) ? 1 : 0;
             const QString& text = m_lines[i].text;
@@ -258,7 +273,7 @@ void LineFlow::judgeByGaps()
     }
     for (qsizetype i = 1; i < m_lines.size(); ++i) {
         if (followsDown(i)) {
-            m_verdicts[i] = gap(i) < tight + sameGap ? Verdict::Continues : Verdict::Begins;
+            m_verdicts[i] = gap(i) < limit ? Verdict::Continues : Verdict::Begins;
         }
     }
 }

@@ -130,7 +130,7 @@ std::optional<LineShape::Numbered> LineShape::numbered(const QString& text)
 
 std::optional<LineShape::Numbered> LineShape::counted(const QString& text)
 {
-    static const QRegularExpression bare = pattern(u"^(\\d{1,2})\\s+([\\p{Ll}\\d].*)$");
+    static const QRegularExpression bare = pattern(u"^(\\d{1,2})\\s+([\\p{Ll}\\d(].*)$");
     const auto match = bare.match(text);
     return match.hasMatch() ? Numbered{match.captured(1).toInt(), match.captured(2)} : numbered(text);
 }

@@ -197,6 +197,8 @@ bool PageFurniture::isFurniture(const QString& line)
         pattern(QStringLiteral("all rights reserved|alle rechte vorbehalten|tous droits réservés|"
                                "todos los derechos")),
         pattern(QStringLiteral("^page \\d+ (?:of|/) \\d+$")),
+        // What a mail answers to.
+        pattern(QStringLiteral("^>+\\s")),
         // Ratings: stars, "4.8 (120 reviews)", "4.8 from 120 votes".
         pattern(QStringLiteral("^[★☆⭐✩✭\\s]{2,}")),
         pattern(QStringLiteral("^\\d(?:[.,]\\d+)?\\s*(?:/\\s*5|stars?|★)?\\s*(?:\\(|from|·|•)\\s*[\\d,.]+\\s*"
@@ -210,7 +212,8 @@ bool PageFurniture::isFurniture(const QString& line)
             QStringLiteral("^(?:skip to|jump to|subscribe|follow us|sign up|log in|advertisement|sponsored|"
                            "scroll down|continue reading|read more|click here|leave a (?:comment|review)|"
                            "save this recipe|print this|pin (?:it|this|recipe)|rate this|share (?:this|on)|"
-                           "printed from|this (?:post|page) (?:may )?contains? affiliate|accept cookies|"
+                           "printed from|shared from|find this recipe|this (?:post|page) (?:may )?contains? "
+                           "affiliate|accept cookies|"
                            "we use cookies|follow @|tag @)\\b")),
         // A phone's network beside its battery.
         pattern(QStringLiteral("^(?:lte|[2345]g|wi-?fi|edge)\\b[\\s\\d%]*$")),

@@ -179,9 +179,10 @@ private:
             const double card =
                 isLarge && i > 0 && proseAbove >= leastProse && !hasLargeType(title.end) ? 1.6 : 1;
             const double masthead = isLarge && isMasthead(i) ? 0.4 : 1;
+            const double twice = isLarge && standsTwice(title) ? 1.5 : 1;
             const double chapter = subsection > i && isChapter(title.text) ? 0.4 : 1;
             const double score =
-                masthead * chapter * card * large * (1 + 1.2 * shareSpokenOf(title.text, m_spoken)) -
+                twice * masthead * chapter * card * large * (1 + 1.2 * shareSpokenOf(title.text, m_spoken)) -
                 0.12 * static_cast<double>(std::min<qsizetype>(rank++, 8));
             i = title.end;
             if (score > bestScore) {
@@ -190,6 +191,15 @@ private:
             }
         }
         return best;
+    }
+
+    /// Above a text and again on the recipe's card.
+    bool standsTwice(const Title& title) const
+    {
+        return std::any_of(m_lines.begin() + title.end, m_lines.end(), [&](const TextLine& line) {
+            return line.relativeHeight >= titleType &&
+                   line.text.compare(title.text, Qt::CaseInsensitive) == 0;
+        });
     }
 
     /// A paper's name, above its date or number and the title of what stands in it.
@@ -232,7 +242,10 @@ private:
         const bool sameType =
             std::abs(line.relativeHeight - previous.relativeHeight) < 0.07 * previous.relativeHeight;
         if (previous.relativeHeight >= titleType) {
-            return sameType && !line.startsBlock;
+            // Lines of large type are set as far apart as blocks of small type.
+            const double gap = line.place.top() - previous.place.bottom();
+            const bool isTight = !line.place.isNull() && gap > 0 && gap < 0.5 * line.place.height();
+            return sameType && (!line.startsBlock || isTight);
         }
         return sameType && !line.startsBlock &&
                !RecipeTextParser::startsParagraph(line.text, previous.text, true);

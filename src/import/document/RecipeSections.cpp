@@ -92,6 +92,10 @@ Heading headingOf(const QString& line)
             if (rest.startsWith(u':') && !fact) {
                 return {table.kind, rest.mid(1).trimmed()};
             }
+            // "Ingredients (yield: 4)".
+            if (rest.startsWith(u'(') && text.endsWith(u')') && text.size() <= longestHeading) {
+                return {table.kind, rest};
+            }
             // "Zutaten für 4 Personen".
             if (!fact && text.size() <= longestHeading && RecipeFacts::isFact(rest)) {
                 return {table.kind, rest};
@@ -171,6 +175,8 @@ private:
                 begin(HeadingKind::None);
             } else if (jumps) {
                 m_current = continued(line);
+            } else if (isBelowHeadingBeside(line)) {
+                m_current = m_besideSection;
             }
             append(line);
             return;
@@ -189,6 +195,11 @@ private:
         if (isAside && !m_aside) {
             m_aside = Aside{m_current, line.relativeHeight};
         }
+        const bool isBeside =
+            m_heading && m_heading->page == line.page && !line.place.isNull() &&
+            std::abs(m_heading->place.bottom() - line.place.bottom()) < 0.3 * line.place.height();
+        m_beside = isBeside ? m_heading : std::nullopt;
+        m_besideSection = m_current;
         begin(heading.kind);
         m_heading = line;
         note(line);
@@ -224,6 +235,15 @@ private:
                !LineShape::endsSentence(line.text) && line.place.left() > m_heading->place.right() &&
                line.relativeHeight < 1.1 * m_heading->relativeHeight && !RecipeFacts::isFact(line.text) &&
                std::abs(line.place.bottom() - m_heading->place.bottom()) < 0.3 * line.place.height();
+    }
+
+    /// Of two headings beside each other the second may have nothing below it, as one for the reader's notes:
+    /// the text then stands below the first.
+    bool isBelowHeadingBeside(const TextLine& line) const
+    {
+        return m_beside && m_sections[m_current].lines.isEmpty() && !line.place.isNull() &&
+               line.place.left() < m_beside->place.right() && line.place.left() < m_heading->place.left() &&
+               m_beside->place.left() < m_heading->place.left();
     }
 
     /// "Tip: Use ripe ones." among the steps is no longer than its paragraph, where its type or the next
@@ -328,6 +348,9 @@ private:
     int m_amounts = 0;
     std::optional<Aside> m_aside;
     std::optional<TextLine> m_heading;
+    /// The heading before, on the same row, and its section.
+    std::optional<TextLine> m_beside;
+    qsizetype m_besideSection = 0;
     QList<Section> m_sections{Section()};
     QList<Column> m_columns{Column()};
     qsizetype m_current = 0;

@@ -155,7 +155,7 @@ RecipeTextParser::Result RecipeTextParser::parseFirst(const QList<TextLine>& lin
     Reading best = readingOf(byPlace, siteNames);
     if (DrawnOrder::isKnown(kept)) {
         // Where nothing speaks for either, pages are drawn as they are written.
-        constexpr double trust = 0.4;
+        constexpr double trust = 0.7;
         const QList<TextLine> asDrawn = DrawnOrder::regrouped(kept);
         if (!isSameText(byPlace, asDrawn)) {
             Reading drawn = readingOf(asDrawn, siteNames);

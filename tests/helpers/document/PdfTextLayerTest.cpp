@@ -49,15 +49,22 @@ TEST(PdfTextLayer, GivesLinesWithTheirPlaces)
 TEST(PdfTextLayer, GivesLinesAsTheyAreDrawn)
 {
     // Two columns one after the other, a step's mark by itself at the end, a word that stands twice.
-    const auto pages =
-        read(Pdfs::pages({Pdfs::textAt(60, 700, "1 cup flour") + Pdfs::textAt(60, 680, "Salt") +
-                          Pdfs::textAt(330, 700, "Mix the flour and the salt.") +
-                          Pdfs::textAt(330, 680, "Salt") + Pdfs::textAt(60, 400, "Knead it well.") +
-                          Pdfs::textAt(60, 740, "Bread, drawn last") + Pdfs::textAt(45, 400, "2.")}));
+    const QByteArray columns = Pdfs::textAt(60, 700, "1 cup flour") + Pdfs::textAt(60, 680, "Salt") +
+                               Pdfs::textAt(330, 700, "Mix the flour and the salt.") +
+                               Pdfs::textAt(330, 680, "Salt") + Pdfs::textAt(60, 400, "Knead it well.") +
+                               Pdfs::textAt(60, 740, "Bread, drawn last") + Pdfs::textAt(45, 400, "2.");
+    QByteArray text;
+    for (int y = 780; y > 20; y -= 14) {
+        text += Pdfs::textAt(60, y, "A page of many words, whose memory the next page's words are put into.");
+    }
+    const auto pages = read(Pdfs::pages({columns, text, columns, text, columns}));
     ASSERT_TRUE(pages);
-    EXPECT_THAT(textsOf(pages->first()),
-                testing::ElementsAre("1 cup flour", "Salt", "Mix the flour and the salt.", "Salt",
-                                     "2. Knead it well.", "Bread, drawn last"));
+    for (const int page : {0, 2, 4}) {
+        EXPECT_THAT(textsOf(pages->at(page)),
+                    testing::ElementsAre("1 cup flour", "Salt", "Mix the flour and the salt.", "Salt",
+                                         "2. Knead it well.", "Bread, drawn last"))
+            << page;
+    }
 }
 
 TEST(PdfTextLayer, StopsAfterTheTwelfthPage)

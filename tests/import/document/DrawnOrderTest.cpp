@@ -75,6 +75,33 @@ TEST(DrawnOrder, JoinsAmountsAndKeepsColumnsFromReachingIntoEachOther)
     EXPECT_LT(lines[1].columnRight, lines[2].place.left());
 }
 
+TEST(DrawnOrder, JoinsAmountsWithWhatStandsBelowThem)
+{
+    const QList<TextLine> lines = DrawnOrder::regrouped(drawn("1 cup           1           2\n"
+                                                              "flour           egg         ripe bananas\n",
+                                                              listed("1 cup/flour/1/egg/2/ripe bananas")));
+    EXPECT_EQ(textsOf(lines), listed("1 cup flour/1 egg/2 ripe bananas"));
+}
+
+TEST(DrawnOrder, LeavesRoomForNotesBesideTheMethod)
+{
+    // Nothing stands below the second heading but blank lines to write on.
+    const RecipeDraft draft = RecipeTextParser::parse(drawn(
+        "Onion Soup\n"
+        "\n"
+        "Ingredients\n"
+        "3 onions\n"
+        "1 l stock\n"
+        "\n"
+        "Method                                                      Notes\n"
+        "1 Brown the onions slowly in butter.\n"
+        "2 Add the stock and boil everything.\n",
+        listed("Onion Soup/Ingredients/3 onions/1 l stock/Method/Notes/1 Brown the onions slowly in butter./"
+               "2 Add the stock and boil everything.")));
+    EXPECT_EQ(draft.ingredients, listed("3 onions/1 l stock"));
+    EXPECT_EQ(draft.steps.size(), 2);
+}
+
 TEST(DrawnOrder, IsTakenWhereThePlacesMislead)
 {
     // The headings and the list below them stand on two sides of the page.

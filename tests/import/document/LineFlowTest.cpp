@@ -253,6 +253,30 @@ TEST(RecipePages, AreLookedAtUpToALimitOfLines)
     EXPECT_LE(RecipeTextParser::parse(lines).ingredients.size(), 3000);
 }
 
+TEST(LineFlow, TellsEntriesByAFewHairsMoreThanALineHas)
+{
+    // Heights of 0.01; within an entry the lines stand 0.0125 apart, entries 0.0136 apart.
+    const std::pair<const char*, double> drawn[] = {{"beef brisket with its fat left on, in", 0.0125},
+                                                    {"cubes", 0.0136},
+                                                    {"butter", 0.0136},
+                                                    {"cloves (not garlic cloves, just cloves)", 0.0136},
+                                                    {"juniper berries", 0.0136},
+                                                    {"brown beer of a kind that has a strong", 0.0125},
+                                                    {"taste", 0}};
+    QList<TextLine> lines;
+    double y = 0.1;
+    for (const auto& [words, step] : drawn) {
+        const QString text = QString::fromUtf8(words);
+        const QRectF place(0.1, y, 0.01 * static_cast<double>(text.size()), 0.01);
+        lines.append({text, lines.isEmpty(), 1, 0, place, 0.5});
+        y += step;
+    }
+    EXPECT_EQ(RecipeItems::ingredients(lines).join(u'/'),
+              QStringLiteral("beef brisket with its fat left on, in cubes/butter/"
+                             "cloves (not garlic cloves, just cloves)/juniper berries/"
+                             "brown beer of a kind that has a strong taste"));
+}
+
 TEST(LineFlow, LetsAColonAtALinesEndHeadAGroupOnlyWhereNoRestFollows)
 {
     const QStringList entries =

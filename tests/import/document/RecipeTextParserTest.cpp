@@ -311,7 +311,8 @@ TEST(RecipeTextParser, LeavesOutWhatACardOrAPageSaysOfItself)
 {
     const auto draft = RecipeTextParser::parse(page(
         "# Recipe: Soup\nServings 4, prep time 10 min, cook time 1 hour\nIngredients\n2 eggs\n1 l stock\n"
-        "(over)\nMethod\nBoil the eggs.\nIssued 04/2021\n\n3 Comments\nAnna\nWe boil it twice.\n\n86 "
+        "(over)\nMethod\nBoil the eggs.\nIssued 04/2021\n> Any soup?\nShared from my kitchen\n\n3 "
+        "Comments\nAnna\nWe boil it twice.\n\n86 "
         "WINTER"));
     EXPECT_EQ(draft.title, u"Soup");
     EXPECT_EQ(draft.yield, u"4");
@@ -364,6 +365,20 @@ TEST(RecipeTextParser, TakesNoNameOfAPaperForATitle)
                                  "2 eggs\n1 onion\nMethod\nBoil the eggs.");
     lines[2].relativeHeight = 1.6;
     EXPECT_EQ(RecipeTextParser::parse(lines).title, QStringLiteral("Arroz Chaufa"));
+}
+
+TEST(RecipeTextParser, TakesTheTitleThatStandsTwice)
+{
+    QList<TextLine> lines =
+        page("# Butter & Thyme\nBlog Shop Letters\n# Arroz Chaufa\nWhat a wet day it was.\n"
+             "# Arroz Chaufa\nIngredients (yield: 4 servings)\n2 eggs\n1 onion\nMethod\n"
+             "1 Boil the eggs\n\n2 Peel them\n\n3 (optional) Fry them");
+    lines[0].relativeHeight = 2.2;
+    lines[4].relativeHeight = 1.5;
+    const RecipeDraft draft = RecipeTextParser::parse(lines);
+    EXPECT_EQ(draft.title, QStringLiteral("Arroz Chaufa"));
+    EXPECT_THAT(texts(draft.ingredients), ElementsAre("2 eggs", "1 onion"));
+    EXPECT_THAT(stepTexts(draft), ElementsAre("Boil the eggs", "Peel them", "(optional) Fry them"));
 }
 
 TEST(RecipeTextParser, TakesNoLabelOfAStepForAFurtherRecipe)

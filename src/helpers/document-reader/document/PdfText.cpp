@@ -119,15 +119,44 @@ bool hasDrawnGlyphs(const Poppler::Document& document, int index)
                        [](const Poppler::FontInfo& font) { return font.type() == Poppler::FontInfo::Type3; });
 }
 
-QList<reader::PageLine> linesOf(const Poppler::Document& document, int index)
+/// Takes the free places between what lies in memory already, as far as words would fit there: Poppler 22.12
+/// ends a page's text as it is drawn where a word lies higher in memory than the last one. Where that happens
+/// all the same, the lines that are missing in it follow their neighbours.
+class FilledGaps
+{
+public:
+    FilledGaps()
+    {
+        constexpr std::size_t smallest = 96;
+        constexpr std::size_t largest = 400;
+        constexpr std::size_t step = 16;
+        constexpr int placesASize = 2000;
+        for (std::size_t size = smallest; size <= largest; size += step) {
+            for (int i = 0; i < placesASize; ++i) {
+                m_places.push_back(std::make_unique_for_overwrite<char[]>(size - sizeof(void*)));
+            }
+        }
+    }
+
+private:
+    std::vector<std::unique_ptr<char[]>> m_places;
+};
+
+/// A page's whole text as it is drawn.
+QString drawnText(const Poppler::Document& document, int index)
+{
+    const FilledGaps gaps;
+    const std::unique_ptr<Poppler::Page> page = document.page(index);
+    return page ? page->text(QRectF(), Poppler::Page::RawOrderLayout) : QString();
+}
+
+QList<reader::PageLine> linesOf(const Poppler::Document& document, int index, const QString& drawn)
 {
     const std::unique_ptr<Poppler::Page> page = document.page(index);
     const QSizeF size = page ? page->pageSizeF() : QSizeF();
     if (size.isEmpty()) {
         return {};
     }
-    // Poppler gives it before the words only: after them the text of drawn glyphs is missing.
-    const QString drawn = page->text(QRectF(), Poppler::Page::RawOrderLayout);
     std::vector<Word> words = wordsOf(*page);
     if (hasDrawnGlyphs(document, index)) {
         words = withTrueHeights(std::move(words));
@@ -159,9 +188,15 @@ std::optional<reader::DocumentAnswer> pdfText(const QByteArray& bytes)
     }
     reader::DocumentAnswer answer;
     const int pages = std::min(document->numPages(), reader::maximumPages);
+    // Before any page's words: after them Poppler leaves out what the same fonts draw (fonts that are
+    // drawings).
+    QStringList drawn;
+    for (int i = 0; i < pages; ++i) {
+        drawn.append(drawnText(*document, i));
+    }
     for (int i = 0; i < pages; ++i) {
         // A page that cannot be fetched counts, so that the pages after it keep their place.
-        answer.pages.append(linesOf(*document, i));
+        answer.pages.append(linesOf(*document, i, drawn[i]));
     }
     return answer;
 }
