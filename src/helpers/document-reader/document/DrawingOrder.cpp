@@ -25,7 +25,7 @@ class DrawnText
 {
 public:
     explicit DrawnText(const QString& text)
-        : m_text(withoutSpaces(withoutLigatures(text)))
+        : m_text(withoutSpaces(withoutLigatures(text.left(longestText))))
         , m_isTaken(static_cast<std::size_t>(m_text.size()), false)
     {
     }
@@ -56,19 +56,26 @@ private:
     qsizetype takeExactly(const QString& key)
     {
         constexpr int mostTries = 64;
-        qsizetype at = m_text.indexOf(key);
-        for (int tries = 0; at >= 0 && tries < mostTries; ++tries) {
+        qsizetype at = -1;
+        for (int tries = 0; tries < mostTries && m_searches > 0; ++tries) {
+            --m_searches;
+            at = m_text.indexOf(key, at + 1);
+            if (at < 0) {
+                break;
+            }
             const auto begin = m_isTaken.begin() + at;
             const auto end = begin + key.size();
             if (std::find(begin, end, true) == end) {
                 std::fill(begin, end, true);
                 return at;
             }
-            at = m_text.indexOf(key, at + 1);
         }
         return -1;
     }
 
+    /// A page has no more, and a file that says so shall not cost more.
+    static constexpr qsizetype longestText = 100'000;
+    int m_searches = 4000;
     QString m_text;
     std::vector<bool> m_isTaken;
 };
