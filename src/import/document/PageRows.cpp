@@ -87,7 +87,7 @@ QList<TextLine> PageRows::withAmountsJoined(QList<TextLine> lines, const PageMea
     return joinedCells(sorted(std::move(lines), measure), measure);
 }
 
-QList<TextLine> PageRows::joinedCells(QList<TextLine> lines, const PageMeasure& measure)
+QList<TextLine> PageRows::joinedCells(const QList<TextLine>& lines, const PageMeasure& measure)
 {
     QList<TextLine> result;
     for (const TextLine& line : lines) {

@@ -23,7 +23,7 @@ QList<TextLine> sorted(QList<TextLine> lines, const PageMeasure& measure);
 QList<TextLine> withAmountsJoined(QList<TextLine> lines, const PageMeasure& measure);
 
 /// The same for lines that are in order already.
-QList<TextLine> joinedCells(QList<TextLine> lines, const PageMeasure& measure);
+QList<TextLine> joinedCells(const QList<TextLine>& lines, const PageMeasure& measure);
 
 /// The lines of a grid of cells, three or more in a row, of which some take several lines: a cell after the
 /// other, along the rows. Nothing when they are no such grid.
