@@ -2,6 +2,7 @@
 
 #include "fuzz/Require.h"
 #include "import/document/DocumentTextReader.h"
+#include "import/document/DrawnOrder.h"
 #include "import/document/GeneratedRecipe.h"
 #include "import/document/RecipeTextParser.h"
 #include "reader/DocumentMessage.h"
@@ -52,8 +53,9 @@ void readingOrder(QByteArrayView bytes)
         return static_cast<unsigned char>(bytes[i]) + 256.0 * static_cast<signed char>(bytes[i + 1]);
     };
     for (qsizetype i = 0; i + 8 <= bytes.size() && boxes.size() < 500; i += 8) {
-        boxes.append(
-            {QString::number(i), {at(i) / 256, at(i + 2) / 256, at(i + 4) / 2560, at(i + 6) / 2560}});
+        boxes.append({QString::number(i),
+                      {at(i) / 256, at(i + 2) / 256, at(i + 4) / 2560, at(i + 6) / 2560},
+                      static_cast<int>(bytes[i] & 31)});
     }
     const QList<TextLine> lines = DocumentTextReader::readingOrder(boxes);
     require(lines.size() == boxes.size(), "no box is lost or doubled");
@@ -63,6 +65,11 @@ void readingOrder(QByteArrayView bytes)
     }
     require(texts.removeDuplicates() == 0, "each box is read once");
     require(lines.isEmpty() || lines.first().startsBlock, "the first line starts a block");
+    QStringList drawn;
+    for (const TextLine& line : DrawnOrder::regrouped(lines)) {
+        drawn += line.text.split(u' ');
+    }
+    require(drawn.size() == boxes.size() && drawn.removeDuplicates() == 0, "each box is drawn once");
 }
 
 void documentAnswer(QByteArrayView bytes)
