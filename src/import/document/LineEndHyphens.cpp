@@ -1,6 +1,5 @@
 #include "import/document/LineEndHyphens.h"
 
-#include <QtCore/QHash>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QSet>
 
@@ -10,12 +9,6 @@ namespace {
 
 constexpr QChar softHyphen(0x00AD);
 constexpr QChar ownHyphen(0x2011);
-
-bool endsInHyphen(const QString& text)
-{
-    return text.size() > 2 && (text.endsWith(u'-') || text.endsWith(QChar(0x2010))) &&
-           text[text.size() - 2].isLetter();
-}
 
 /// Whether line `i` goes on in the next one with a small letter.
 bool goesOn(const QList<TextLine>& lines, qsizetype i)
@@ -32,7 +25,7 @@ QSet<QString> wordsOf(const QList<TextLine>& lines)
     bool continues = false;
     for (qsizetype i = 0; i < lines.size(); ++i) {
         const QString text = lines[i].text.toLower();
-        const bool isDivided = endsInHyphen(text);
+        const bool isDivided = LineEndHyphens::isAtEndOf(text);
         auto matches = word.globalMatch(text);
         while (matches.hasNext()) {
             const auto match = matches.next();
@@ -56,12 +49,18 @@ bool areWordsKeptWhole(const QList<TextLine>& lines)
     qsizetype hyphens = 0;
     for (qsizetype i = 0; i < lines.size(); ++i) {
         wrapped += goesOn(lines, i) ? 1 : 0;
-        hyphens += goesOn(lines, i) && endsInHyphen(lines[i].text) ? 1 : 0;
+        hyphens += goesOn(lines, i) && LineEndHyphens::isAtEndOf(lines[i].text) ? 1 : 0;
     }
     return wrapped >= leastLines && hyphens * linesAHyphen <= wrapped;
 }
 
 } // namespace
+
+bool LineEndHyphens::isAtEndOf(const QString& text)
+{
+    return text.size() > 2 && (text.endsWith(u'-') || text.endsWith(QChar(0x2010))) &&
+           text[text.size() - 2].isLetter();
+}
 
 QList<TextLine> LineEndHyphens::told(QList<TextLine> lines)
 {
@@ -70,7 +69,7 @@ QList<TextLine> LineEndHyphens::told(QList<TextLine> lines)
     static const QRegularExpression notLetters(QStringLiteral("[^\\p{L}-].*$"),
                                                QRegularExpression::UseUnicodePropertiesOption);
     for (qsizetype i = 0; i < lines.size(); ++i) {
-        if (!endsInHyphen(lines[i].text) || !goesOn(lines, i)) {
+        if (!isAtEndOf(lines[i].text) || !goesOn(lines, i)) {
             continue;
         }
         QString& text = lines[i].text;

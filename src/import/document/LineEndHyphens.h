@@ -9,6 +9,9 @@ namespace ovrin {
 /// how many of its lines end in one.
 namespace LineEndHyphens {
 
+/// Whether a word ends in a hyphen at the end of `text`.
+bool isAtEndOf(const QString& text);
+
 /// `lines`, in reading order, with a soft hyphen (U+00AD) for each that divides a word and a non-breaking one
 /// (U+2011) for each that belongs to it. Where nothing tells, the hyphen stays.
 QList<TextLine> told(QList<TextLine> lines);

@@ -10,6 +10,7 @@ namespace ovrin {
 
 namespace {
 
+/// A page with more lines than this is no page of a book; it keeps the order it has.
 constexpr qsizetype mostLines = 600;
 
 bool isPlaced(const TextLine& line)
@@ -19,6 +20,7 @@ bool isPlaced(const TextLine& line)
            std::isfinite(place.height()) && place.width() > 0 && place.height() > 0;
 }
 
+/// Marks the lines that stand apart from the one before, besides those that begin a band or a column.
 void markBlocks(QList<TextLine>& lines)
 {
     const double height = PageMeasure::of(lines).height;

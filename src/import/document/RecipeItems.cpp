@@ -1,5 +1,6 @@
 #include "import/document/RecipeItems.h"
 
+#include "import/document/LineEndHyphens.h"
 #include "import/document/LineFlow.h"
 #include "import/document/LineShape.h"
 #include "import/document/PageMeasure.h"
@@ -119,8 +120,7 @@ QString RecipeItems::joined(const QString& text, const QString& next)
     if (text.endsWith(QChar(0x2011))) {
         return text.chopped(1) + u'-' + next;
     }
-    const bool dividesWord = text.size() > 2 && (text.endsWith(u'-') || text.endsWith(QChar(0x2010))) &&
-                             text[text.size() - 2].isLetter() && !next.isEmpty() && next.front().isLetter();
+    const bool dividesWord = LineEndHyphens::isAtEndOf(text) && !next.isEmpty() && next.front().isLetter();
     if (!dividesWord) {
         return text + u' ' + next;
     }

@@ -195,10 +195,7 @@ private:
         if (isAside && !m_aside) {
             m_aside = Aside{m_current, line.relativeHeight};
         }
-        const bool isBeside =
-            m_heading && m_heading->page == line.page && !line.place.isNull() &&
-            std::abs(m_heading->place.bottom() - line.place.bottom()) < 0.3 * line.place.height();
-        m_beside = isBeside ? m_heading : std::nullopt;
+        m_beside = isOnRowOfHeading(line) ? m_heading : std::nullopt;
         m_besideSection = m_current;
         begin(heading.kind);
         m_heading = line;
@@ -226,15 +223,20 @@ private:
                });
     }
 
+    bool isOnRowOfHeading(const TextLine& line) const
+    {
+        return m_heading && m_heading->page == line.page && !line.place.isNull() &&
+               std::abs(m_heading->place.bottom() - line.place.bottom()) < 0.3 * line.place.height();
+    }
+
     /// A short line to the right of the last heading: the head of a further column of its table.
     bool isColumnHead(const TextLine& line) const
     {
         constexpr qsizetype longestHead = 14;
-        return m_heading && m_heading->page == line.page && !line.place.isNull() &&
-               line.text.size() <= longestHead && !LineShape::startsWithAmount(line.text) &&
-               !LineShape::endsSentence(line.text) && line.place.left() > m_heading->place.right() &&
-               line.relativeHeight < 1.1 * m_heading->relativeHeight && !RecipeFacts::isFact(line.text) &&
-               std::abs(line.place.bottom() - m_heading->place.bottom()) < 0.3 * line.place.height();
+        return isOnRowOfHeading(line) && line.text.size() <= longestHead &&
+               !LineShape::startsWithAmount(line.text) && !LineShape::endsSentence(line.text) &&
+               line.place.left() > m_heading->place.right() &&
+               line.relativeHeight < 1.1 * m_heading->relativeHeight && !RecipeFacts::isFact(line.text);
     }
 
     /// Of two headings beside each other the second may have nothing below it, as one for the reader's notes:
