@@ -44,6 +44,12 @@ TEST(LineAssembly, KeepsColumnsApart)
     EXPECT_THAT(
         assembled({run("A line of the left column", 50, 0, 120), run("and one of the right", 190, 0, 100)}),
         UnorderedElementsAre("A line of the left column", "and one of the right"));
+    // A number that hangs into the gutter leaves no more of it than a wide space.
+    EXPECT_THAT(assembled({run("1. Fill a bowl with water for", 50, 0, 144), run("6. Bake it", 201, 0, 60),
+                           run("all of the rice", 60, 14, 70), run("7. Let it rest", 201, 28, 70),
+                           run("8. Serve", 201, 42, 40)}),
+                UnorderedElementsAre("1. Fill a bowl with water for", "6. Bake it", "all of the rice",
+                                     "7. Let it rest", "8. Serve"));
 }
 
 TEST(LineAssembly, JoinsWordsThatOnlyAWideSpaceParts)
@@ -137,4 +143,15 @@ TEST(TypeSize, TakesTheHeightFromTheLettersWhereTheFontDoesNotSayIt)
             << factor;
     }
     EXPECT_TRUE(withTrueHeights({}).empty());
+}
+
+TEST(TypeSize, PartsColumnsThatTypeTakenForTallerMadeOneLine)
+{
+    std::vector<Word> words{{QStringLiteral("Sear"), {50, 0, 24, 27}, true, 1},
+                            {QStringLiteral("the"), {77, 0, 17, 27}, true, 2},
+                            {QStringLiteral("pork"), {97, 0, 24, 27}, true, 3},
+                            {QStringLiteral("Serve"), {143, 0, 32, 27}, false, -1}};
+    words = withTrueHeights(std::move(words));
+    EXPECT_EQ(words[1].next, 2);
+    EXPECT_EQ(words[2].next, -1);
 }

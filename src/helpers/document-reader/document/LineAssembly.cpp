@@ -11,8 +11,9 @@ namespace ovrin::documentreader {
 
 namespace {
 
-/// Blank spaces, in heights of the line: one that still lies within a line, and the widest between a cell and
-/// its text.
+/// Blank spaces, in heights of the line: one wider than between words, one that still lies within a line, and
+/// the widest between a cell and its text.
+constexpr double ampleSpace = 0.5;
 constexpr double wideSpace = 0.9;
 constexpr double cellSpace = 9;
 /// How far, in heights, the boxes of neighbours may reach into each other.
@@ -116,6 +117,19 @@ bool belongsToCells(qsizetype right, const QList<Run>& runs, const QList<qsizety
         numbered += startsWithNumberOrMark(runs[text].text) ? 1 : 0;
     }
     return cells > others && numbered * 3 <= cells;
+}
+
+/// Whether the run at `right` begins where the lines of a column do: others begin there that nothing stands
+/// close before. What numbers a column's lines hangs into the gutter, which leaves little of it.
+bool beginsColumn(qsizetype right, const QList<Run>& runs, const std::vector<bool>& hasNeighbour)
+{
+    constexpr int leastOthers = 2;
+    int others = 0;
+    for (qsizetype i = 0; i < runs.size() && others < leastOthers; ++i) {
+        const double shift = std::abs(runs[i].box.left() - runs[right].box.left());
+        others += i != right && !hasNeighbour[i] && shift < alignment * runs[right].box.height() ? 1 : 0;
+    }
+    return others == leastOthers;
 }
 
 bool isLetter(const Run& run)
@@ -289,18 +303,30 @@ QList<Run> assembledLines(QList<Run> runs)
     runs = withInitialsJoined(withSpacedLettersJoined(runs));
     const QList<qsizetype> neighbours = rightNeighbours(runs);
     QList<bool> joins(runs.size(), false);
+    const auto space = [&](qsizetype left) {
+        const Run& right = runs[neighbours[left]];
+        return (right.box.left() - runs[left].box.right()) /
+               std::min(runs[left].box.height(), right.box.height());
+    };
+    std::vector<bool> hasNeighbour(runs.size(), false);
+    for (qsizetype left = 0; left < runs.size(); ++left) {
+        if (neighbours[left] >= 0 && space(left) < wideSpace) {
+            hasNeighbour[neighbours[left]] = true;
+        }
+    }
     for (qsizetype left = 0; left < runs.size(); ++left) {
         const qsizetype right = neighbours[left];
         if (right < 0) {
             continue;
         }
-        const double height = std::min(runs[left].box.height(), runs[right].box.height());
-        const double gap = runs[right].box.left() - runs[left].box.right();
+        const bool isCell = isLeadingCell(runs[left].text);
+        const bool isClose =
+            space(left) < ampleSpace ||
+            (space(left) < wideSpace && (isCell || !beginsColumn(right, runs, hasNeighbour)));
         // What begins where the other has not ended by far stands above or below it.
         joins[left] =
-            gap > -deepestOverlap * height &&
-            (gap < wideSpace * height || (gap < cellSpace * height && isLeadingCell(runs[left].text) &&
-                                          belongsToCells(right, runs, neighbours)));
+            space(left) > -deepestOverlap &&
+            (isClose || (space(left) < cellSpace && isCell && belongsToCells(right, runs, neighbours)));
     }
     joinJustified(runs, neighbours, joins);
     QList<bool> taken(runs.size(), false);

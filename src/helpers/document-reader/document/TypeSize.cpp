@@ -49,6 +49,8 @@ std::vector<Word> withTrueHeights(std::vector<Word> words)
     constexpr qsizetype leastLetters = 6;
     // What fonts differ by.
     constexpr double usualSpread = 1.4;
+    // In heights of the line: further apart stand words of two columns.
+    constexpr double widestSpace = 1;
     std::map<long, Type> types;
     for (const Word& word : words) {
         Type& type = types[heightKey(word)];
@@ -73,6 +75,13 @@ std::vector<Word> withTrueHeights(std::vector<Word> words)
         if (factor > usualSpread || factor * usualSpread < 1) {
             const double change = height * (1 - factor) / 2;
             word.box.adjust(0, change, 0, -change);
+        }
+    }
+    for (Word& word : words) {
+        if (word.next >= 0 &&
+            words[word.next].box.left() - word.box.right() > widestSpace * word.box.height()) {
+            word.next = -1;
+            word.hasSpaceAfter = false;
         }
     }
     return words;

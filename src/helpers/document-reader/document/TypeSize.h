@@ -19,7 +19,8 @@ struct Word
 
 /// Puts right the heights of words in fonts that do not say how large their type is: those whose glyphs are
 /// drawings (Type 3), as browsers embed variable fonts. The width of their letters says it instead. Words
-/// whose height fits their width stay as they are.
+/// whose height fits their width stay as they are. Taken to be larger than it is, type makes one line of
+/// columns beside each other: words too far apart for their height part.
 std::vector<Word> withTrueHeights(std::vector<Word> words);
 
 } // namespace ovrin::documentreader
