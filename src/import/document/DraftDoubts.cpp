@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
+#include <set>
 
 namespace ovrin {
 
@@ -38,6 +40,31 @@ double countOf(const QList<TextLine>& lines, double most, Test test)
         count += test(lines[i - 1], lines[i]) ? 1 : 0;
     }
     return std::min(count, most);
+}
+
+/// Number of a direction ("3. Stir"); a bare one may be an amount.
+std::optional<int> countedNumber(const TextLine& line)
+{
+    const auto numbered = LineShape::numbered(line.text);
+    return numbered && !LineShape::isBareNumber(line.text) ? std::optional(numbered->number) : std::nullopt;
+}
+
+/// Lines outside the method that its numbers would go on with.
+double lostSteps(const RecipeOutline& parts)
+{
+    constexpr double most = 4;
+    std::set<int> numbers;
+    for (const TextLine& line : parts.directions) {
+        if (const auto number = countedNumber(line)) {
+            numbers.insert(*number);
+        }
+    }
+    const QList<TextLine> others = parts.head + parts.ingredients;
+    const auto count = std::count_if(others.begin(), others.end(), [&](const TextLine& line) {
+        const auto number = countedNumber(line);
+        return number && numbers.contains(*number - 1) && !numbers.contains(*number);
+    });
+    return std::min(static_cast<double>(count), most);
 }
 
 double tallest(const QList<TextLine>& lines)
@@ -86,7 +113,8 @@ double doubtsAbout(const RecipeDraft& draft, const RecipeOutline& parts, const Q
         static_cast<double>(parts.head.size()) / static_cast<double>(std::max<qsizetype>(1, lines.size()));
     return doubtsAboutIngredients(draft.ingredients) + doubtsAboutSteps(draft.steps) +
            (hasTallLines ? 2 : 0) + (isTallestLost ? 1.5 : 0) + 3.5 * left +
-           0.8 * countOf(lines, 6, isSideways) + 0.75 * countOf(parts.directions, 4, isUpwards);
+           0.8 * countOf(lines, 6, isSideways) + 0.75 * countOf(parts.directions, 4, isUpwards) +
+           2.5 * lostSteps(parts);
 }
 
 } // namespace ovrin

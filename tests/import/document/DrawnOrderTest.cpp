@@ -1,5 +1,6 @@
 #include "PagePicture.h"
 
+#include "import/document/DraftDoubts.h"
 #include "import/document/DrawnOrder.h"
 #include "import/document/RecipeTextParser.h"
 
@@ -149,4 +150,19 @@ TEST(DrawnOrder, IsNotTakenWhereItIsNone)
     EXPECT_EQ(draft.steps.first().paragraphs.join(u' '),
               QStringLiteral(
                   "Brown the onions in the butter. Add the stock and boil everything for half an hour."));
+}
+
+TEST(DraftDoubts, GrowWhereTheMethodsNumbersGoOnElsewhere)
+{
+    const auto withLeftOver = [](const char* text) {
+        const QList<TextLine> method = pagePicture("1. Slice the onions thinly.\n"
+                                                   "2. Brown them in the butter.\n");
+        const QList<TextLine> leftOver = pagePicture(text);
+        RecipeOutline parts;
+        parts.head = leftOver;
+        parts.directions = method;
+        return doubtsAbout({}, parts, method + leftOver);
+    };
+    EXPECT_GT(withLeftOver("3. Add the stock and boil."), withLeftOver("9. Add the stock and boil."));
+    EXPECT_EQ(withLeftOver("3 onions"), withLeftOver("9 onions"));
 }
