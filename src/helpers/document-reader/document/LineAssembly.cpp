@@ -319,14 +319,13 @@ QList<Run> assembledLines(QList<Run> runs)
         if (right < 0) {
             continue;
         }
-        const bool isCell = isLeadingCell(runs[left].text);
-        const bool isClose =
-            space(left) < ampleSpace ||
-            (space(left) < wideSpace && (isCell || !beginsColumn(right, runs, hasNeighbour)));
+        const double gap = space(left);
+        const auto isCell = [&] { return isLeadingCell(runs[left].text); };
         // What begins where the other has not ended by far stands above or below it.
-        joins[left] =
-            space(left) > -deepestOverlap &&
-            (isClose || (space(left) < cellSpace && isCell && belongsToCells(right, runs, neighbours)));
+        joins[left] = gap > -deepestOverlap &&
+                      (gap < ampleSpace ||
+                       (gap < wideSpace && (isCell() || !beginsColumn(right, runs, hasNeighbour))) ||
+                       (gap < cellSpace && isCell() && belongsToCells(right, runs, neighbours)));
     }
     joinJustified(runs, neighbours, joins);
     QList<bool> taken(runs.size(), false);
