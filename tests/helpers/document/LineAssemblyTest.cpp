@@ -155,3 +155,14 @@ TEST(TypeSize, PartsColumnsThatTypeTakenForTallerMadeOneLine)
     EXPECT_EQ(words[1].next, 2);
     EXPECT_EQ(words[2].next, -1);
 }
+
+TEST(TypeSize, TellsSizesApartThatAFontGivesOneHeight)
+{
+    // A title and a small label, as tall by what the font says.
+    std::vector<Word> words{{QStringLiteral("LENTIL"), {50, 0, 118, 18}, true, 1},
+                            {QStringLiteral("SOUP"), {180, 0, 84, 18}},
+                            {QStringLiteral("SERVES"), {50, 60, 29, 18}}};
+    words = withTrueHeights(std::move(words));
+    EXPECT_GT(words[0].box.height(), 3 * words[2].box.height());
+    EXPECT_EQ(words[0].box.height(), words[1].box.height());
+}

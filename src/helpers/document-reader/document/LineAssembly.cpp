@@ -357,7 +357,7 @@ QList<Run> assembledLines(QList<Run> runs)
 std::optional<QString> spacedText(const QList<Run>& letters)
 {
     constexpr qsizetype leastLetters = 4;
-    constexpr double leastSpace = 0.1;
+    constexpr double leastSpace = 0.06;
     constexpr double wordSpace = 1.5;
     if (letters.size() < leastLetters ||
         std::count_if(letters.begin(), letters.end(), isLetter) * 4 < letters.size() * 3) {

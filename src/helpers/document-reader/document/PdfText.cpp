@@ -33,8 +33,12 @@ std::vector<Word> wordsOf(const Poppler::Page& page)
     words.reserve(boxes.size());
     for (const auto& box : boxes) {
         const auto next = indexes.find(box->nextWord());
-        words.push_back({box->text(), box->boundingBox(), box->hasSpaceAfter(),
-                         next == indexes.end() ? -1 : next->second});
+        Word word{box->text(), box->boundingBox(), box->hasSpaceAfter(),
+                  next == indexes.end() ? -1 : next->second};
+        for (int i = 0; i < word.text.size(); ++i) {
+            word.letters.push_back(box->charBoundingBox(i));
+        }
+        words.push_back(std::move(word));
     }
     return words;
 }
@@ -60,7 +64,7 @@ bool hasSpaceAfter(const Word& word, const std::vector<Word>& words)
         return false;
     }
     const QRectF& next = words[word.next].box;
-    return next.left() - word.box.right() > narrowestSpace * std::max(word.box.height(), next.height());
+    return next.left() - word.box.right() > narrowestSpace * std::min(word.box.height(), next.height());
 }
 
 /// The words that follow `first` on its line. The height is that of the longest word: a sign from another
@@ -70,13 +74,19 @@ Run runFrom(qsizetype first, const std::vector<Word>& words)
     Run run;
     QRectF tallness;
     qsizetype longest = 0;
-    QList<Run> pieces;
+    QList<Run> letters;
+    bool hasLoneLetter = false;
     for (qsizetype i = first; i >= 0 && run.text.size() < reader::maximumLineLength; i = words[i].next) {
         const Word& word = words[i];
         run.text += word.text;
         run.text += hasSpaceAfter(word, words) ? QStringLiteral(" ") : QString();
         run.box |= word.box;
-        pieces.append({word.text, word.box});
+        for (qsizetype k = 0; k < word.text.size(); ++k) {
+            const QRectF& letter = word.letters[static_cast<std::size_t>(k)];
+            letters.append(
+                {word.text[k], {letter.left(), word.box.top(), letter.width(), word.box.height()}});
+        }
+        hasLoneLetter = hasLoneLetter || (word.text.size() == 1 && word.text.front().isLetter());
         if (word.text.size() > longest) {
             longest = word.text.size();
             tallness = word.box;
@@ -87,7 +97,8 @@ Run runFrom(qsizetype first, const std::vector<Word>& words)
     }
     run.box.setTop(tallness.top());
     run.box.setBottom(tallness.bottom());
-    run.text = withoutLigatures(spacedText(pieces).value_or(run.text)).trimmed();
+    run.text =
+        withoutLigatures((hasLoneLetter ? spacedText(letters) : std::nullopt).value_or(run.text)).trimmed();
     return run;
 }
 

@@ -15,6 +15,8 @@ struct Word
     bool hasSpaceAfter = false;
     /// Index of the word after this one on its line; -1 behind the last.
     qsizetype next = -1;
+    /// Of each of its letters.
+    std::vector<QRectF> letters = {};
 };
 
 /// Puts right the heights of words in fonts that do not say how large their type is: those whose glyphs are
