@@ -159,24 +159,51 @@ LineFlow::Alignment LineFlow::commonAlignment() const
                                     : Alignment::Left;
 }
 
+/// Where most lines begin that are set in further than the one before and have no amount, in letters from the
+/// column's edge.
+std::optional<double> LineFlow::edgeOfRests() const
+{
+    std::vector<double> edges;
+    for (qsizetype i = 1; i < m_lines.size(); ++i) {
+        if (followsDown(i) && m_indents[i] - m_indents[i - 1] > sameEdge &&
+            !LineShape::startsWithAmount(m_lines[i].text)) {
+            edges.push_back(m_indents[i]);
+        }
+    }
+    return edges.empty() ? std::nullopt : std::optional(medianOf(std::move(edges)));
+}
+
 /// The lines of an entry are set in below its first one.
 void LineFlow::judgeByHangingIndent()
 {
     // A column of names beside one of amounts looks alike, where a name has no amount.
     constexpr double widestHang = 5;
+    const auto hangOf = [&](qsizetype i) { return followsDown(i) ? m_indents[i] - m_indents[i - 1] : 0; };
+    const std::optional<double> restEdge = edgeOfRests();
+    if (!restEdge) {
+        return;
+    }
+    const auto isHungAmount = [&](qsizetype i) {
+        return hangOf(i) > sameEdge && LineShape::startsWithAmount(m_lines[i].text) &&
+               *restEdge - m_indents[i] > sameEdge;
+    };
+    bool hasHungAmounts = false;
+    for (qsizetype i = 1; i < m_lines.size(); ++i) {
+        hasHungAmounts = hasHungAmounts || isHungAmount(i);
+    }
+    // So they are where the amounts are set to the right edge of their column.
     const auto isRest = [&](qsizetype i, double hang) {
-        return hang > widestHang ? !hadRoom(i) : followsLongLine(i);
+        return hang > widestHang || hasHungAmounts ? !hadRoom(i) : followsLongLine(i);
     };
     std::vector<double> hangs;
     qsizetype behindFull = 0;
     for (qsizetype i = 1; i < m_lines.size(); ++i) {
-        const double hang = m_indents[i] - m_indents[i - 1];
-        if (followsDown(i) && hang > sameEdge) {
-            hangs.push_back(hang);
-            behindFull += isRest(i, hang) ? 1 : 0;
+        if (hangOf(i) > sameEdge && !isHungAmount(i)) {
+            hangs.push_back(hangOf(i));
+            behindFull += isRest(i, hangOf(i)) ? 1 : 0;
         }
     }
-    if (hangs.empty() || !isMost(behindFull, static_cast<qsizetype>(hangs.size()))) {
+    if (!isMost(behindFull, static_cast<qsizetype>(hangs.size()))) {
         return;
     }
     const double usual = medianOf(hangs);
@@ -193,7 +220,7 @@ void LineFlow::judgeByHangingIndent()
             // In a new column: a line that is set in is the rest of an entry, if such lines follow full ones.
             m_verdicts[i] = indent > sameEdge ? Verdict::Unknown : Verdict::Begins;
             edge = 0;
-        } else if (i > 0 && std::abs(indent - edge - usual) < sameEdge) {
+        } else if (i > 0 && std::abs(indent - edge - usual) < sameEdge && !isHungAmount(i)) {
             const bool isThird = usual <= widestHang && std::abs(m_indents[i - 1] - indent) < sameEdge;
             const bool goesOn = isThird || isRest(i, usual);
             m_verdicts[i] = goesOn ? Verdict::Continues : Verdict::Begins;

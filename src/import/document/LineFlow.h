@@ -2,6 +2,7 @@
 
 #include "import/document/TextLine.h"
 
+#include <optional>
 #include <vector>
 
 namespace ovrin {
@@ -34,6 +35,7 @@ private:
     Alignment commonAlignment() const;
     bool fits(qsizetype i, double columnRight) const;
     bool followsLongLine(qsizetype i) const;
+    std::optional<double> edgeOfRests() const;
     void measure();
     void judgeByHangingIndent();
     void judgeByFirstLineIndent();

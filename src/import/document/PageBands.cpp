@@ -1,6 +1,7 @@
 #include "import/document/PageBands.h"
 
 #include "import/document/PageRows.h"
+#include "import/document/RecipeFacts.h"
 #include "import/document/RecipeSections.h"
 
 #include <array>
@@ -73,6 +74,31 @@ qsizetype withoutFoot(const QList<TextLine>& lines, double x, qsizetype begin, q
     return foot;
 }
 
+/// The first line below all that stands to the right of `x` that heads another part, or is a fact and stands
+/// apart: what follows a text in two columns, set as wide as it needs. `end` where there is none.
+qsizetype partBelow(const QList<TextLine>& lines, double x, qsizetype begin, qsizetype end,
+                    const PageMeasure& measure, const PageHeadings& headings)
+{
+    double bottom = 0;
+    double rightBottom = 0;
+    double left = 1;
+    for (qsizetype i = begin; i < end; ++i) {
+        rightBottom =
+            lines[i].place.left() > x ? std::max(rightBottom, lines[i].place.bottom()) : rightBottom;
+        left = std::min(left, lines[i].place.left());
+    }
+    for (qsizetype i = begin; i < end; ++i) {
+        const QRectF& place = lines[i].place;
+        const bool isApart = place.top() - bottom > 0.5 * measure.height;
+        const bool isFact = place.left() - left < measure.letter && RecipeFacts::isFact(lines[i].text);
+        if (place.top() > rightBottom && isApart && (isFact || headings.of(lines[i]) != HeadingKind::None)) {
+            return i;
+        }
+        bottom = std::max(bottom, place.bottom());
+    }
+    return end;
+}
+
 /// Whether line `begin` stands above all others up to `end`, in larger type or apart from them: a title in
 /// the middle of the page. The heading of a column is its own, and so is a line that begins where the
 /// column's next one does.
@@ -128,12 +154,38 @@ qsizetype behindTitle(const QList<TextLine>& lines, double x, qsizetype begin, q
     return isOver ? begin : below;
 }
 
+/// The row inside the band that heads the list on one side of `x` and the method on the other, where what
+/// stands above it is no text in two columns; `begin` where there is none.
+qsizetype rowOfPartHeadings(const QList<TextLine>& lines, double x, qsizetype begin, qsizetype end,
+                            const PageMeasure& measure, const PageHeadings& headings)
+{
+    // Of each side's lines above, besides facts.
+    qsizetype left = 0;
+    qsizetype right = 0;
+    double bottom = 0;
+    for (qsizetype i = begin; i + 1 < end; ++i) {
+        const TextLine& line = lines[i];
+        const double top = std::min(line.place.top(), lines[i + 1].place.top());
+        if (arePartHeadings(lines, x, i, measure, headings)) {
+            return bottom < top + 0.5 * measure.height && std::min(left, right) < 2 ? i : begin;
+        }
+        if (headings.isPart(line)) {
+            return begin;
+        }
+        const bool isFact = RecipeFacts::isFact(line.text) || RecipeFacts::isBareLabel(line.text);
+        (line.place.right() < x ? left : right) += isFact ? 0 : 1;
+        bottom = std::max(bottom, line.place.bottom());
+    }
+    return begin;
+}
+
 /// The band around `x` without the lines at its head that have nothing beside them; weight 0 where it is
 /// no band of columns.
 Band trimmed(const QList<TextLine>& lines, double x, qsizetype begin, qsizetype end, qsizetype leastRows,
              const PageMeasure& measure, const PageHeadings& headings)
 {
     const auto isLeft = [&](qsizetype i) { return lines[i].place.right() < x; };
+    begin = rowOfPartHeadings(lines, x, begin, end, measure, headings);
     const double leftTop = firstTop(lines, begin, end, isLeft);
     const double rightTop = firstTop(lines, begin, end, [&](qsizetype i) { return !isLeft(i); });
     const double top = std::max(leftTop, rightTop);
@@ -148,7 +200,7 @@ Band trimmed(const QList<TextLine>& lines, double x, qsizetype begin, qsizetype 
         std::abs(lines[begin].place.left() - lines[begin - 1].place.left()) < measure.letter) {
         ++begin;
     }
-    end = withoutFoot(lines, x, begin, end, measure);
+    end = partBelow(lines, x, begin, withoutFoot(lines, x, begin, end, measure), measure, headings);
     // A heading below all else in the band heads what follows the band.
     while (end - 1 > begin && headings.of(lines[end - 1]) != HeadingKind::None &&
            lines[end - 1].place.top() - lines[end - 2].place.bottom() > -0.2 * measure.height) {

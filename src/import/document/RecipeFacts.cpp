@@ -183,6 +183,15 @@ bool RecipeFacts::isYield(const QString& line)
            !scratch.totalMinutes;
 }
 
+bool RecipeFacts::isDuration(const QString& text)
+{
+    static const QRegularExpression duration = pattern(
+        QStringLiteral("^(?:about |ca\\.? )?\\d[\\d\\s.,½¼¾–-]*(?:hours?|hrs?|h|minutes?|mins?|std\\.?|"
+                       "stunden?|minuten|minuti|minutos|minuut|minut|minuter|minutter|heures?|horas?|"
+                       "or[ae]|uur|godz\\.?|timmar|timer)\\b[\\s\\d]*(?:and )?(?:minutes?|mins?|min)?\\.?$"));
+    return duration.match(text).hasMatch();
+}
+
 bool RecipeFacts::isBareLabel(const QString& text)
 {
     return std::any_of(labels().begin(), labels().end(), [&](const Label& label) {
@@ -266,10 +275,6 @@ bool RecipeFacts::readBare(const QString& text)
         "(?:\\s*(?:[-–]|to|bis|à|a)\\s*\\d+)?\\s*(?:servings?|portions?|people|persons?|personen|"
         "portionen|stück|personnes|parts|pièces|personas|raciones|porciones|persone|porzioni|"
         "porties|pessoas|porções|osób|osoby|porcj[ei]|personer|portioner|pers\\.?)\\b[^.]{0,30}$"));
-    static const QRegularExpression duration = pattern(
-        QStringLiteral("^(?:about |ca\\.? )?\\d[\\d\\s.,½¼¾–-]*(?:hours?|hrs?|h|minutes?|mins?|std\\.?|"
-                       "stunden?|minuten|minuti|minutos|minuut|minut|minuter|minutter|heures?|horas?|"
-                       "or[ae]|uur|godz\\.?|timmar|timer)\\b[\\s\\d]*(?:and )?(?:minutes?|mins?|min)?\\.?$"));
     static const QRegularExpression publicationDate = pattern(
         QStringLiteral("^(?:\\d{1,2}[./]\\d{1,2}[./]\\d{2,4}|\\p{L}{3,9}\\.? \\d{1,2}, \\d{4}|\\d{1,2}\\.? "
                        "\\p{L}{3,9}\\.? \\d{4})$"));
@@ -279,7 +284,7 @@ bool RecipeFacts::readBare(const QString& text)
         }
         return true;
     }
-    if (duration.match(text).hasMatch()) {
+    if (isDuration(text)) {
         if (!m_draft.totalMinutes) {
             m_draft.totalMinutes = durationMinutes(text);
         }

@@ -23,6 +23,8 @@ public:
 
     /// Whether `line` would be read as how much the recipe makes, and nothing else.
     static bool isYield(const QString& line);
+    /// Whether `text` is a time and nothing else ("1 hour 20 minutes", "1-2 hours").
+    static bool isDuration(const QString& text);
     /// Whether `text` is a label without a value ("Prep time").
     static bool isBareLabel(const QString& text);
 

@@ -181,6 +181,7 @@ public:
         m_hasRests = rests > 2 * lowerEntries && (rests > 1 || lowerEntries == 0);
         m_isLowerCase = lowerCase * 2 > words;
         m_mayWrap = m_fullWidth > narrowestColumn && hasWrappedLines(lines);
+        m_hasCapitalRests = m_flow.isPlaced() && hasCapitalRests(rests);
     }
 
     bool isGroupHeading(qsizetype i) const
@@ -254,6 +255,9 @@ public:
                        (text.front().isLower() && m_flow.isPlaced() && m_hasRests))) {
             return true;
         }
+        if (m_hasCapitalRests && !room && LineShape::startsWithAmount(entry) && mayBeCapitalRest(i)) {
+            return true;
+        }
         if (!m_mayWrap || isPantryItem(text) ||
             RecipeWords::amountWords().contains(text.section(u' ', 0, 0).toLower())) {
             return false;
@@ -283,6 +287,38 @@ private:
                (!m_isLowerCase || starts * 2 > behindFull || m_fullWidth > 1.6 * medianWidth(lines));
     }
 
+    /// Whether line `i`, which begins with a capital, may be the rest of the one before by its words.
+    bool mayBeCapitalRest(qsizetype i) const
+    {
+        constexpr qsizetype mostSpaces = 3;
+        const QString& text = m_lines[i].text;
+        return text.front().isUpper() && text.count(u' ') <= mostSpaces && !isPantryItem(text) &&
+               !m_lines[i - 1].text.endsWith(u')') &&
+               !RecipeWords::amountWords().contains(text.section(u' ', 0, 0).toLower());
+    }
+
+    /// Whether lines that begin with a capital mostly follow full lines, where the lines in front of an
+    /// amount are mostly not full: in a list that writes All Words With Capitals they are rests too. `rests`
+    /// is the number of those in lower case.
+    bool hasCapitalRests(qsizetype rests) const
+    {
+        qsizetype capitals = 0;
+        qsizetype behindFull = 0;
+        qsizetype amounts = 0;
+        qsizetype amountsBehindFull = 0;
+        for (qsizetype i = 1; i < m_lines.size(); ++i) {
+            const bool isFull = !m_flow.hadRoom(i);
+            if (LineShape::startsWithAmount(m_lines[i].text)) {
+                ++amounts;
+                amountsBehindFull += isFull ? 1 : 0;
+            } else if (mayBeCapitalRest(i)) {
+                ++capitals;
+                behindFull += isFull ? 1 : 0;
+            }
+        }
+        return behindFull + rests > 1 && behindFull * 5 >= capitals * 3 && amountsBehindFull * 4 <= amounts;
+    }
+
     bool startsWithMarkOrAmount(qsizetype i) const
     {
         return LineShape::hasBullet(m_lines[i].text) || LineShape::startsWithAmount(m_lines[i].text) ||
@@ -298,6 +334,7 @@ private:
     bool m_isLowerCase = false;
     /// More lines in lower case follow full lines, as rests do, than short ones.
     bool m_hasRests = false;
+    bool m_hasCapitalRests = false;
     /// Some line is so much longer than the others, or so many begin with a word, that lines may be wrapped.
     bool m_mayWrap = false;
 };

@@ -123,10 +123,28 @@ void addSection(RecipeOutline& result, const Section& section)
     }
 }
 
+/// Where, among the lines before a second method, the next recipe's own lines begin: in type as large as the
+/// first one's title. `lines.size()` where they do not.
+qsizetype nextTitleLike(const QList<TextLine>& head, const QList<TextLine>& lines)
+{
+    constexpr double alike = 0.93;
+    double height = 0;
+    for (const TextLine& line : head) {
+        height = std::max(height, line.relativeHeight);
+    }
+    const auto found = std::find_if(lines.begin(), lines.end(), [&](const TextLine& line) {
+        return isLargeType(line) && looksLikeTitle(line) && line.relativeHeight > alike * height;
+    });
+    return found - lines.begin();
+}
+
 /// The sections of the first recipe; what follows its end is cut off.
 RecipeOutline firstRecipe(const QList<Section>& all)
 {
     RecipeOutline result;
+    const bool hasLists = std::any_of(all.begin(), all.end(), [](const Section& section) {
+        return section.kind == HeadingKind::Ingredients;
+    });
     for (qsizetype i = 0; i < all.size(); ++i) {
         const bool complete = !result.ingredients.isEmpty() && !result.directions.isEmpty();
         if (complete && all[i].kind == HeadingKind::Ingredients && !all[i].lines.isEmpty()) {
@@ -146,7 +164,16 @@ RecipeOutline firstRecipe(const QList<Section>& all)
         if (nextIsSecondList) {
             section.lines = section.lines.first(nextTitle(section.lines));
         }
+        const bool nextIsSecondMethod = section.kind != HeadingKind::None && !hasLists &&
+                                        i + 1 < all.size() && all[i + 1].kind == HeadingKind::Directions;
+        const qsizetype end =
+            nextIsSecondMethod ? nextTitleLike(result.head, section.lines) : section.lines.size();
+        result.hasMoreRecipes = end < section.lines.size();
+        section.lines = section.lines.first(end);
         addSection(result, section);
+        if (result.hasMoreRecipes) {
+            break;
+        }
     }
     return result;
 }

@@ -28,6 +28,14 @@ Heading bilingualHeading(const QString& line)
     return first.rest.isEmpty() && headingOf(parts[1]).kind == first.kind ? first : Heading();
 }
 
+/// "· Serves 4" without the sign that parts it from the heading.
+QString withoutSeparator(const QString& rest)
+{
+    return QStringView(u"·•|–—-/,").contains(rest.isEmpty() ? QChar(u' ') : rest.front())
+               ? rest.mid(1).trimmed()
+               : rest;
+}
+
 } // namespace
 
 Heading headingOf(const QString& line)
@@ -86,21 +94,23 @@ Heading headingOf(const QString& line)
             if (!text.startsWith(word, Qt::CaseInsensitive)) {
                 continue;
             }
-            const bool fact = RecipeFacts::isFact(line);
+            const bool isFact = RecipeFacts::isFact(line);
             const QString rest = text.mid(word.size()).trimmed();
             // "Zubereitung: Den Ofen heizen": the section begins on the heading's own line.
-            if (rest.startsWith(u':') && !fact) {
+            if (rest.startsWith(u':') && !isFact) {
                 return {table.kind, rest.mid(1).trimmed()};
             }
             // "Ingredients (yield: 4)".
             if (rest.startsWith(u'(') && text.endsWith(u')') && text.size() <= longestHeading) {
                 return {table.kind, rest};
             }
-            // "Zutaten für 4 Personen".
-            if (!fact && text.size() <= longestHeading && RecipeFacts::isFact(rest)) {
-                return {table.kind, rest};
+            // "Zutaten für 4 Personen", "Ingredients · Serves 4".
+            const QString fact = withoutSeparator(rest);
+            const bool isParted = fact.size() < rest.size() && RecipeFacts::isYield(fact);
+            if ((!isFact || isParted) && text.size() <= longestHeading && RecipeFacts::isFact(fact)) {
+                return {table.kind, fact};
             }
-            if (!fact && text.size() <= longestHeading &&
+            if (!isFact && text.size() <= longestHeading &&
                 RecipeTextParser::isHeading(text.toLower(), {word})) {
                 return {table.kind, rest.startsWith(u'(') || RecipeFacts::isFact(rest) ? rest : QString()};
             }
@@ -120,7 +130,8 @@ public:
             const bool jumps =
                 i > 0 && !lines[i].place.isNull() &&
                 (lines[i].page != lines[i - 1].page || lines[i].place.top() < lines[i - 1].place.top());
-            add(lines[i], jumps);
+            const bool isLabel = RecipeFacts::isBareLabel(lines[i].text) && isAboveDuration(lines, i);
+            add(lines[i], jumps, isLabel);
         }
         return withTitlesOfRecipesOnly();
     }
@@ -156,11 +167,23 @@ private:
         int begun = -1;
     };
 
-    void add(const TextLine& line, bool jumps)
+    /// Whether the first line below line `i`, past those on its own row, is a time: "Preparation", "20 min".
+    static bool isAboveDuration(const QList<TextLine>& lines, qsizetype i)
+    {
+        const QRectF& place = lines[i].place;
+        qsizetype below = i + 1;
+        while (below < lines.size() && !place.isNull() && lines[below].page == lines[i].page &&
+               std::abs(lines[below].place.center().y() - place.center().y()) < 0.5 * place.height()) {
+            ++below;
+        }
+        return below < lines.size() && RecipeFacts::isDuration(lines[below].text);
+    }
+
+    void add(const TextLine& line, bool jumps, bool isLabel)
     {
         // "Stir in the dry" and then "ingredients: flour, sugar": the rest of a sentence is no heading.
         const bool runsOn = !line.startsBlock && !line.text.isEmpty() && line.text.front().isLower();
-        const Heading heading = runsOn ? Heading() : headingOf(line.text);
+        const Heading heading = runsOn || isLabel ? Heading() : headingOf(line.text);
         resumeAfterAside(line);
         if (heading.kind == HeadingKind::None) {
             if (isColumnHead(line)) {
@@ -177,6 +200,8 @@ private:
                 m_current = continued(line);
             } else if (isBelowHeadingBeside(line)) {
                 m_current = m_besideSection;
+            } else {
+                m_current = methodBeside(line).value_or(m_current);
             }
             append(line);
             return;
@@ -190,7 +215,7 @@ private:
         if (restIsAside) {
             m_sections.first().lines.append({heading.rest, true, 1, line.page});
         }
-        const bool isAside = heading.kind == HeadingKind::Other && !heading.rest.isEmpty() &&
+        const bool isAside = heading.kind == HeadingKind::Other && !heading.rest.isEmpty() && !restIsAside &&
                              m_sections[m_current].kind != HeadingKind::None;
         if (isAside && !m_aside) {
             m_aside = Aside{m_current, line.relativeHeight};
@@ -335,6 +360,27 @@ private:
             }
         }
         return m_current;
+    }
+
+    /// The method that goes on at `line`, where the list at hand stood to the right of it: what begins
+    /// further to the left than any of the list's lines, where the method's do.
+    std::optional<qsizetype> methodBeside(const TextLine& line) const
+    {
+        constexpr double sameEdge = 0.015;
+        const Column& own = m_columns[m_current];
+        if (m_sections[m_current].kind != HeadingKind::Ingredients || line.place.isNull() ||
+            own.page != line.page || line.place.left() > own.left - sameEdge) {
+            return std::nullopt;
+        }
+        for (qsizetype i = m_current - 1; i > 0; --i) {
+            const Column& column = m_columns[i];
+            if (m_sections[i].kind == HeadingKind::Directions && column.page == line.page &&
+                column.bottom > own.top && column.right < own.left + sameEdge &&
+                std::abs(column.left - line.place.left()) < sameEdge) {
+                return i;
+            }
+        }
+        return std::nullopt;
     }
 
     /// With so many lines that begin with an amount a recipe has begun, even without a heading.

@@ -145,6 +145,74 @@ INSTANTIATE_TEST_SUITE_P(Pages, RecipesWithoutHeadings, testing::Values(
         "3 Pour in the stock. Serve.\n",
         "2 carrots/1 l stock/Oil",
         "Heat the oil in a large pot./Add the carrots and let them simmer./Pour in the stock. Serve."},
+    RecipePage{"WordsWithCapitalsInANarrowColumn",
+        "Meatballs\n"
+        "\n"
+        "2 large Green Bell      Cut the peppers into small cubes and fry\n"
+        "Peppers                 them in the butter until they are soft.\n"
+        "1 cup Panko Bread       Add all of the crumbs and the spice.\n"
+        "1 small Onion\n"
+        "1 tbsp Indian Spice\n"
+        "Blend\n"
+        "2 tbsp Butter\n"
+        "Oil\n",
+        "2 large Green Bell Peppers/1 cup Panko Bread/1 small Onion/1 tbsp Indian Spice Blend/2 tbsp Butter/"
+        "Oil",
+        "Cut the peppers into small cubes and fry them in the butter until they are soft. "
+        "Add all of the crumbs and the spice."},
+    RecipePage{"FactsAboveTheHeadingsOfTwoColumns",
+        "Coffee\n"
+        "\n"
+        " Prep time 5 min    Cook time 5 min   Servings 1    Total time 10 min\n"
+        "\n"
+        "Ingredients                     Directions\n"
+        "1 cup of coffee                 1. Pour the coffee into a mug.\n"
+        "1 dash of nutmeg                2. Add the nutmeg.\n",
+        "1 cup of coffee/1 dash of nutmeg",
+        "Pour the coffee into a mug./Add the nutmeg."},
+    RecipePage{"CommentsBelowAMethodInTwoColumns",
+        "Soup\n"
+        "\n"
+        "Ingredients\n"
+        "2 carrots\n"
+        "1 l stock\n"
+        "\n"
+        "Method\n"
+        "Heat the oil in a large pot        simmer for an hour.\n"
+        "until it is hot. Peel and cut      Season. Serve with\n"
+        "the carrots. Let them              bread.\n"
+        "\n"
+        "Comments (2)\n"
+        "Ruth\n"
+        "We liked it.\n",
+        "2 carrots/1 l stock",
+        "Heat the oil in a large pot until it is hot. Peel and cut the carrots. Let them "
+        "simmer for an hour. Season. Serve with bread."},
+    RecipePage{"MethodThatGoesOnBelowAListBesideIt",
+        "Soup\n"
+        "\n"
+        "Method                             Ingredients\n"
+        "Heat the oil in a large pot.       2 carrots\n"
+        "Add the carrots.                   1 l stock\n"
+        "Pour in the stock and let it simmer for as long as it takes.\n"
+        "Season it with salt and serve it with a slice of bread.\n",
+        "2 carrots/1 l stock",
+        "Heat the oil in a large pot./Add the carrots./"
+        "Pour in the stock and let it simmer for as long as it takes./"
+        "Season it with salt and serve it with a slice of bread."},
+    RecipePage{"AmountsAtTheRightEdgeOfTheirColumn",
+        "Sauce\n"
+        "\n"
+        "Ingredients                  Method\n"
+        "700 g tomatoes in pieces     Chop the onion into a pot.\n"
+        "    6 spoons of tomato       Add the tomatoes and all the rest,\n"
+        "      concentrate            and let it boil for as long as it\n"
+        "  0.5 spoon sugar            takes.\n"
+        "    1 spoon of fine and      Serve it with pasta.\n"
+        "      fresh thyme\n",
+        "700 g tomatoes in pieces/6 spoons of tomato concentrate/0.5 spoon sugar/1 spoon of fine and fresh thyme",
+        "Chop the onion into a pot./"
+        "Add the tomatoes and all the rest, and let it boil for as long as it takes./Serve it with pasta."},
     RecipePage{"NamesAloneInTheBlockOfTheDirections",
         "Soup\n"
         "Leeks\n"
@@ -245,6 +313,33 @@ TEST(RecipePages, PassOverTheChapterThatARecipeStandsIn)
     const RecipeTextParser::Result result = RecipeTextParser::parseFirst(lines);
     EXPECT_EQ(result.draft.title, u"Cream");
     EXPECT_EQ(result.draft.ingredients.join(u'/'), u"200 ml cream/20 g sugar");
+}
+
+TEST(RecipePages, EndWhereTheNextMethodHasATitleOfItsOwn)
+{
+    QList<TextLine> lines = pagePicture("Egg Soup\n"
+                                        "\n"
+                                        "2 eggs\n"
+                                        "1 l stock\n"
+                                        "\n"
+                                        "Method\n"
+                                        "Boil the eggs in the stock.\n"
+                                        "\n"
+                                        "Leek Soup\n"
+                                        "\n"
+                                        "3 leeks\n"
+                                        "1 l stock\n"
+                                        "\n"
+                                        "Method\n"
+                                        "Boil the leeks.\n");
+    for (TextLine& line : lines) {
+        line.relativeHeight = line.text.endsWith(u"Soup") ? 2 : 1;
+    }
+    const RecipeTextParser::Result result = RecipeTextParser::parseFirst(lines);
+    EXPECT_TRUE(result.hasMoreRecipes);
+    EXPECT_EQ(result.draft.ingredients.join(u'/'), u"2 eggs/1 l stock");
+    ASSERT_EQ(result.draft.steps.size(), 1);
+    EXPECT_EQ(result.draft.steps[0].paragraphs.join(u'/'), u"Boil the eggs in the stock.");
 }
 
 TEST(RecipePages, AreLookedAtUpToALimitOfLines)

@@ -296,6 +296,17 @@ TEST(RecipeTextParser, KnowsHeadingsInItsLanguages)
     }
 }
 
+TEST(RecipeTextParser, TakesNoLabelOfATimeForTheMethodsHeading)
+{
+    const auto draft = RecipeTextParser::parse(page("# Soup\nPreparation\n20 min\nIngredients · Serves 4\n2 "
+                                                    "eggs\n1 l stock\n1. Boil the eggs.\n2. Peel them."));
+    EXPECT_EQ(draft.title, u"Soup");
+    EXPECT_EQ(draft.prepMinutes, 20);
+    EXPECT_EQ(draft.yield, u"4");
+    EXPECT_THAT(texts(draft.ingredients), ElementsAre("2 eggs", "1 l stock"));
+    EXPECT_THAT(stepTexts(draft), ElementsAre("Boil the eggs.", "Peel them."));
+}
+
 TEST(RecipeTextParser, ReadsAListThatIsSetAsAText)
 {
     const auto draft = RecipeTextParser::parse(page(
