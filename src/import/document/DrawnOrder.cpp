@@ -48,6 +48,31 @@ QList<TextLine> downwards(const QList<TextLine>& lines, const PageMeasure& measu
     return result;
 }
 
+/// The first page's `lines` with the title in front, and what stands above it, where nothing stands beside
+/// them: whenever they are drawn.
+QList<TextLine> titleFirst(const QList<TextLine>& lines)
+{
+    constexpr double titleType = 1.25;
+    QList<TextLine> sorted = lines;
+    std::stable_sort(sorted.begin(), sorted.end(), [](const TextLine& a, const TextLine& b) {
+        return a.place.center().y() < b.place.center().y();
+    });
+    qsizetype head = 0;
+    for (qsizetype i = 0; i + 1 < sorted.size(); ++i) {
+        const QRectF& place = sorted[i].place;
+        const QRectF& next = sorted[i + 1].place;
+        if (place.bottom() > next.center().y() || place.center().y() > next.top()) {
+            break;
+        }
+        head = sorted[i].relativeHeight >= titleType ? i + 1 : head;
+    }
+    QList<TextLine> result = sorted.first(head);
+    const double bottom = head > 0 ? result.last().place.center().y() : 0;
+    std::copy_if(lines.begin(), lines.end(), std::back_inserter(result),
+                 [&](const TextLine& line) { return line.place.center().y() > bottom; });
+    return result;
+}
+
 /// Whether `next` stands below `line`, in a column that reaches from `left` to `right`.
 bool goesOn(const QRectF& line, const QRectF& next, double left, double right, const PageMeasure& measure)
 {
@@ -95,6 +120,7 @@ QList<TextLine> ordered(QList<TextLine> lines)
     const PageMeasure measure = PageMeasure::of(lines);
     std::stable_sort(lines.begin(), lines.end(),
                      [](const TextLine& a, const TextLine& b) { return a.drawn < b.drawn; });
+    lines = lines.first().page == 0 ? titleFirst(lines) : lines;
     lines = withAmountsAbove(PageRows::joinedCells(downwards(lines, measure), measure), measure);
     QList<TextLine> result;
     for (qsizetype begin = 0; begin < lines.size();) {

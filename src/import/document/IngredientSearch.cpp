@@ -491,6 +491,24 @@ LineRange IngredientSearch::blockAbove(qsizetype end) const
     return {listed * 10 >= (end - begin) * 6 ? begin : end, end};
 }
 
+/// `block` without the title and the introduction that it begins with.
+LineRange IngredientSearch::withoutHead(LineRange block) const
+{
+    constexpr qsizetype leastLines = 2;
+    if (block.isEmpty() || !isLargeType(m_lines[block.begin])) {
+        return block;
+    }
+    qsizetype begin = block.end;
+    while (begin > block.begin && mayBeListed(begin - 1)) {
+        --begin;
+    }
+    // The last words of the introduction.
+    while (begin < block.end && LineShape::endsSentence(m_lines[begin].text)) {
+        ++begin;
+    }
+    return block.end - begin < leastLines ? block : LineRange{begin, block.end};
+}
+
 /// `run` with the plain short lines around it: an ingredient without an amount looks like nothing in
 /// particular. Blocks are left behind only where the list was not found by its amounts.
 LineRange IngredientSearch::widened(LineRange run, bool acrossBlocks) const
@@ -544,7 +562,8 @@ LineRange IngredientSearch::withColumnsBeside(LineRange block) const
 LineRange IngredientSearch::listAboveMethod() const
 {
     const LineRange found = run(0);
-    return widened(found.isEmpty() ? withColumnsBeside(blockAbove(m_lines.size())) : found, false);
+    return widened(found.isEmpty() ? withColumnsBeside(withoutHead(blockAbove(m_lines.size()))) : found,
+                   false);
 }
 
 } // namespace ovrin

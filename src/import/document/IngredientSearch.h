@@ -64,6 +64,7 @@ private:
     LineRange shortLinedColumn() const;
     LineRange shortLinesAboveSteps() const;
     LineRange blockAbove(qsizetype end) const;
+    LineRange withoutHead(LineRange block) const;
     LineRange withColumnsBeside(LineRange block) const;
     qsizetype firstNumberedStep(qsizetype begin) const;
     qsizetype behindBullets(qsizetype begin) const;

@@ -74,27 +74,37 @@ qsizetype withoutFoot(const QList<TextLine>& lines, double x, qsizetype begin, q
     return foot;
 }
 
-/// The first line below all that stands to the right of `x` that heads another part, or is a fact and stands
-/// apart: what follows a text in two columns, set as wide as it needs. `end` where there is none.
+/// The first line that heads another part, or is a fact and stands apart, below all that stands to the right
+/// of `x`, or far from it: what follows a text in two columns, set as wide as it needs. `end` where there is
+/// none.
 qsizetype partBelow(const QList<TextLine>& lines, double x, qsizetype begin, qsizetype end,
                     const PageMeasure& measure, const PageHeadings& headings)
 {
+    constexpr double farApart = 4;
     double bottom = 0;
     double rightBottom = 0;
     double left = 1;
     for (qsizetype i = begin; i < end; ++i) {
-        rightBottom =
-            lines[i].place.left() > x ? std::max(rightBottom, lines[i].place.bottom()) : rightBottom;
         left = std::min(left, lines[i].place.left());
     }
     for (qsizetype i = begin; i < end; ++i) {
         const QRectF& place = lines[i].place;
-        const bool isApart = place.top() - bottom > 0.5 * measure.height;
-        const bool isFact = place.left() - left < measure.letter && RecipeFacts::isFact(lines[i].text);
-        if (place.top() > rightBottom && isApart && (isFact || headings.of(lines[i]) != HeadingKind::None)) {
+        const auto nextRight = std::find_if(lines.begin() + i, lines.begin() + end,
+                                            [&](const TextLine& line) { return line.place.left() > x; });
+        const double rightTop = nextRight == lines.begin() + end ? 1 : nextRight->place.top();
+        const bool isApart = place.top() - bottom > 0.5 * measure.height && place.right() < x;
+        const bool isLast = rightTop == 1.0;
+        const bool isFact =
+            isLast && place.left() - left < measure.letter && RecipeFacts::isFact(lines[i].text);
+        const HeadingKind kind = headings.of(lines[i]);
+        const bool isPart =
+            isLast ? kind != HeadingKind::None
+                   : kind == HeadingKind::Other && rightTop - rightBottom > farApart * measure.height;
+        if (isApart && place.top() > rightBottom && rightTop > place.bottom() && (isFact || isPart)) {
             return i;
         }
         bottom = std::max(bottom, place.bottom());
+        rightBottom = place.left() > x ? std::max(rightBottom, place.bottom()) : rightBottom;
     }
     return end;
 }

@@ -197,6 +197,8 @@ bool PageFurniture::isFurniture(const QString& line)
         pattern(QStringLiteral("all rights reserved|alle rechte vorbehalten|tous droits réservés|"
                                "todos los derechos")),
         pattern(QStringLiteral("^page \\d+ (?:of|/) \\d+$")),
+        // A price.
+        pattern(QStringLiteral("^(?:[€$£]\\s?\\d+(?:[.,]\\d{2})?|\\d+[.,]\\d{2}\\s?(?:€|eur|kr|zł))$")),
         // What a mail answers to.
         pattern(QStringLiteral("^>+\\s")),
         // Ratings: stars, "4.8 (120 reviews)", "4.8 from 120 votes".
@@ -245,6 +247,10 @@ bool PageFurniture::isFurniture(const QString& line)
 QList<TextLine> PageFurniture::removed(const QList<TextLine>& lines)
 {
     const Margins margin = margins(lines);
+    const QStringList sites = siteNames(lines);
+    const auto repeatsSite = [&](const TextLine& line) {
+        return line.page > lines.first().page && sites.contains(line.text.toLower().remove(u' '));
+    };
     QList<TextLine> kept;
     bool startsBlock = false;
     for (qsizetype i = 0; i < lines.size(); ++i) {
@@ -258,7 +264,7 @@ QList<TextLine> PageFurniture::removed(const QList<TextLine>& lines)
                                  (i + 1 == lines.size() || lines[i + 1].page != line.page || i == 0 ||
                                   lines[i - 1].page != line.page || isAtFoot(line));
         if (line.text.isEmpty() || recurs || numbersPage || isLoneFoot(lines, i) || isPageName(lines, i) ||
-            isFurniture(line.text)) {
+            isFurniture(line.text) || repeatsSite(line)) {
             continue;
         }
         line.startsBlock = startsBlock;

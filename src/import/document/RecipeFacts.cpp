@@ -175,6 +175,18 @@ bool RecipeFacts::readSegment(const QString& segment)
     return readLabelled(text) || readBare(text);
 }
 
+bool RecipeFacts::areSeveral(const QString& line)
+{
+    static const QRegularExpression separator = pattern(QStringLiteral("\\s*[•·|│⋅∙●◦]\\s*"));
+    const QStringList segments = line.split(separator, Qt::SkipEmptyParts);
+    const auto isLabelled = [](const QString& segment) {
+        RecipeDraft scratch;
+        return RecipeFacts(scratch).readLabelled(segment.trimmed());
+    };
+    return line.size() <= longestFactLine && segments.size() > 1 &&
+           std::all_of(segments.begin(), segments.end(), isLabelled);
+}
+
 bool RecipeFacts::isYield(const QString& line)
 {
     RecipeDraft scratch;

@@ -21,6 +21,10 @@ public:
     /// Whether `line` would be read as facts, by itself.
     static bool isFact(const QString& line);
 
+    /// Whether `line` holds several labelled facts ("Prep time: 5 min | Serves: 4"), the last one's value
+    /// perhaps on the next line.
+    static bool areSeveral(const QString& line);
+
     /// Whether `line` would be read as how much the recipe makes, and nothing else.
     static bool isYield(const QString& line);
     /// Whether `text` is a time and nothing else ("1 hour 20 minutes", "1-2 hours").

@@ -85,7 +85,9 @@ RecipeOutline withoutHeadings(const QList<TextLine>& lines)
         return result;
     }
     // Whatever it looks like, the first line names the recipe where it stands apart from the list.
-    if (list.begin == 0 && list.size() > 1 && own[1].startsBlock && looksLikeTitle(own[0])) {
+    constexpr double largerType = 1.05;
+    if (list.begin == 0 && list.size() > 1 && looksLikeTitle(own[0]) &&
+        (own[1].startsBlock || own[0].relativeHeight > largerType * own[1].relativeHeight)) {
         list.begin = 1;
     }
     const qsizetype method = search.methodAbove(list);

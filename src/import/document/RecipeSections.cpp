@@ -130,23 +130,32 @@ public:
             const bool jumps =
                 i > 0 && !lines[i].place.isNull() &&
                 (lines[i].page != lines[i - 1].page || lines[i].place.top() < lines[i - 1].place.top());
-            const bool isLabel = RecipeFacts::isBareLabel(lines[i].text) && isAboveDuration(lines, i);
+            const bool isLabel = RecipeFacts::isBareLabel(lines[i].text) && hasDuration(lines, i);
             add(lines[i], jumps, isLabel);
         }
         return withTitlesOfRecipesOnly();
     }
 
 private:
-    /// Large type above a list of ingredients is the next recipe's title; any other is a part of what it
-    /// stands in.
+    /// Large type above a list of ingredients is the next recipe's title, and above a method where it is as
+    /// large as the first one's; any other is a part of what it stands in.
     QList<Section> withTitlesOfRecipesOnly() const
     {
+        constexpr double alike = 0.93;
+        double titleHeight = 0;
+        for (const TextLine& line : m_sections.first().lines) {
+            titleHeight = std::max(titleHeight, line.relativeHeight);
+        }
         QList<Section> result{m_sections.first()};
         for (qsizetype i = 1; i < m_sections.size(); ++i) {
-            const bool isPart =
-                m_sections[i].kind == HeadingKind::None &&
-                (i + 1 == m_sections.size() || m_sections[i + 1].kind != HeadingKind::Ingredients);
-            if (isPart) {
+            const auto next =
+                std::find_if(m_sections.begin() + i + 1, m_sections.end(),
+                             [](const Section& section) { return section.kind != HeadingKind::Other; });
+            const HeadingKind follows = next == m_sections.end() ? HeadingKind::None : next->kind;
+            const bool isTitle = follows == HeadingKind::Ingredients ||
+                                 (follows == HeadingKind::Directions && !m_sections[i].lines.isEmpty() &&
+                                  m_sections[i].lines.first().relativeHeight > alike * titleHeight);
+            if (m_sections[i].kind == HeadingKind::None && !isTitle) {
                 result.last().lines += m_sections[i].lines;
             } else {
                 result.append(m_sections[i]);
@@ -165,18 +174,23 @@ private:
         double bottom = 0;
         /// The page that it began on.
         int begun = -1;
+        /// How far its lines are counted up, in front.
+        int lastNumber = 0;
     };
 
-    /// Whether the first line below line `i`, past those on its own row, is a time: "Preparation", "20 min".
-    static bool isAboveDuration(const QList<TextLine>& lines, qsizetype i)
+    /// Whether a time stands beside line `i` or is the first line below: "Preparation", "20 min".
+    static bool hasDuration(const QList<TextLine>& lines, qsizetype i)
     {
         const QRectF& place = lines[i].place;
-        qsizetype below = i + 1;
-        while (below < lines.size() && !place.isNull() && lines[below].page == lines[i].page &&
-               std::abs(lines[below].place.center().y() - place.center().y()) < 0.5 * place.height()) {
-            ++below;
+        qsizetype next = i + 1;
+        const auto isBeside = [&] {
+            return !place.isNull() && lines[next].page == lines[i].page &&
+                   std::abs(lines[next].place.center().y() - place.center().y()) < 0.5 * place.height();
+        };
+        while (next < lines.size() && isBeside() && !RecipeFacts::isDuration(lines[next].text)) {
+            ++next;
         }
-        return below < lines.size() && RecipeFacts::isDuration(lines[below].text);
+        return next < lines.size() && RecipeFacts::isDuration(lines[next].text);
     }
 
     void add(const TextLine& line, bool jumps, bool isLabel)
@@ -189,7 +203,7 @@ private:
             if (isColumnHead(line)) {
                 return;
             }
-            m_amounts += LineShape::startsWithAmount(line.text) ? 1 : 0;
+            m_amounts += LineShape::startsWithAmount(line.text) || LineShape::counted(line.text) ? 1 : 0;
             if (isTitleBesideTheRecipe(line)) {
                 m_sections.first().lines.append(line);
                 return;
@@ -201,8 +215,9 @@ private:
             } else if (isBelowHeadingBeside(line)) {
                 m_current = m_besideSection;
             } else {
-                m_current = methodBeside(line).value_or(m_current);
+                m_current = methodBeside(line).value_or(goesOnBeside(line) ? continued(line) : m_current);
             }
+            m_current = sectionCountedOn(line).value_or(m_current);
             append(line);
             return;
         }
@@ -320,15 +335,30 @@ private:
     {
         Column& column = m_columns[m_current];
         const QRectF& place = line.place;
+        // Elsewhere a bare number may as well be an amount.
+        const bool mayBeBare = m_sections[m_current].kind == HeadingKind::Directions;
+        const auto number =
+            mayBeBare || !LineShape::isBareNumber(line.text) ? LineShape::counted(line.text) : std::nullopt;
+        column.lastNumber += number && number->number == column.lastNumber + 1 ? 1 : 0;
         if (column.page != line.page) {
-            column = {line.page,   place.left(),   place.right(),
-                      place.top(), place.bottom(), column.begun < 0 ? line.page : column.begun};
+            column = {line.page,        place.left(),   place.right(),
+                      place.top(),      place.bottom(), column.begun < 0 ? line.page : column.begun,
+                      column.lastNumber};
         } else {
             column.left = std::min(column.left, place.left());
             column.right = std::max(column.right, place.right());
             column.top = std::min(column.top, place.top());
             column.bottom = std::max(column.bottom, place.bottom());
         }
+    }
+
+    /// Whether `line` stands beside the end of a list that began on an earlier page.
+    bool goesOnBeside(const TextLine& line) const
+    {
+        const Column& own = m_columns[m_current];
+        return m_sections[m_current].kind == HeadingKind::Ingredients &&
+               !m_sections[m_current].lines.isEmpty() && own.page == line.page && own.begun < own.page &&
+               (line.place.left() > own.right || line.place.right() < own.left);
     }
 
     /// The section that goes on where `line` begins a page or a column: the one at hand, unless it does not
@@ -339,7 +369,7 @@ private:
             return std::min(column.right, line.place.right()) - std::max(column.left, line.place.left());
         };
         const Column& own = m_columns[m_current];
-        if (shared(own) > 0) {
+        if (shared(own) > 0 || countsOn(line, m_current)) {
             return m_current;
         }
         // What stands above all headings goes on where it may hold the method.
@@ -376,7 +406,36 @@ private:
             const Column& column = m_columns[i];
             if (m_sections[i].kind == HeadingKind::Directions && column.page == line.page &&
                 column.bottom > own.top && column.right < own.left + sameEdge &&
-                std::abs(column.left - line.place.left()) < sameEdge) {
+                column.left < line.place.left() + sameEdge && line.place.left() < column.right) {
+                return i;
+            }
+        }
+        return std::nullopt;
+    }
+
+    /// Whether `line` has the number that follows those of section `i`. A bare number may as well be an
+    /// amount.
+    bool countsOn(const TextLine& line, qsizetype i) const
+    {
+        constexpr qsizetype leastSteps = 3;
+        const int last = m_columns[i].lastNumber;
+        const auto number = LineShape::counted(line.text);
+        if (last == 0 || !number || number->number != last + 1) {
+            return false;
+        }
+        return !LineShape::isBareNumber(line.text) || (last >= leastSteps && LineShape::isProse(line.text));
+    }
+
+    /// The section whose steps `line` counts on, where those of the list at hand do not.
+    std::optional<qsizetype> sectionCountedOn(const TextLine& line) const
+    {
+        if (m_sections[m_current].kind != HeadingKind::Ingredients || countsOn(line, m_current)) {
+            return std::nullopt;
+        }
+        for (qsizetype i = m_sections.size() - 1; i >= 0; --i) {
+            const bool mayHoldSteps =
+                m_sections[i].kind == HeadingKind::None || m_sections[i].kind == HeadingKind::Directions;
+            if (mayHoldSteps && countsOn(line, i)) {
                 return i;
             }
         }

@@ -98,10 +98,14 @@ void takeFacts(QList<TextLine>& lines, RecipeDraft& draft, bool onlyLabelled)
     }
     QList<TextLine> rest;
     bool startsBlock = false;
+    bool isOpen = false;
     for (const TextLine& line : lines) {
-        if (RecipeFacts::isFact(line.text) && (line.text.contains(u':') || !onlyLabelled) &&
-            !(onlyLabelled && LineShape::looksLikeStep(line.text))) {
+        const bool isLabelled = line.text.contains(u':') && !LineShape::looksLikeStep(line.text);
+        const bool isValue = std::exchange(isOpen, false) && RecipeFacts::isDuration(line.text);
+        if (isValue || (RecipeFacts::isFact(line.text) && (isLabelled || !onlyLabelled)) ||
+            RecipeFacts::areSeveral(line.text)) {
             facts.read(line.text);
+            isOpen = line.text.endsWith(u':');
             startsBlock = true;
             continue;
         }

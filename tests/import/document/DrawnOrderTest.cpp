@@ -56,6 +56,17 @@ TEST(DrawnOrder, ReadsEachPartToItsEnd)
     EXPECT_EQ(textsOf(DrawnOrder::regrouped(drawn(worksheet, order))), order);
 }
 
+TEST(DrawnOrder, BeginsWithTheTitleWheneverItIsDrawn)
+{
+    QList<TextLine> lines = drawn("                 Onion Soup\n"
+                                  "3 onions                       Brown the onions in the butter.\n"
+                                  "1 l stock                      Add the stock and boil it.\n",
+                                  listed("3 onions/1 l stock/Brown the onions in the butter./"
+                                         "Add the stock and boil it./Onion Soup"));
+    lines.first().relativeHeight = 1.3;
+    EXPECT_EQ(textsOf(DrawnOrder::regrouped(lines)).first(), u"Onion Soup");
+}
+
 TEST(DrawnOrder, PutsWhatIsDrawnLastWhereItStands)
 {
     const QStringList order =

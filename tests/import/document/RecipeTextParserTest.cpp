@@ -322,7 +322,7 @@ TEST(RecipeTextParser, LeavesOutWhatACardOrAPageSaysOfItself)
 {
     const auto draft = RecipeTextParser::parse(page(
         "# Recipe: Soup\nServings 4, prep time 10 min, cook time 1 hour\nIngredients\n2 eggs\n1 l stock\n"
-        "(over)\nMethod\nBoil the eggs.\nIssued 04/2021\n> Any soup?\nShared from my kitchen\n\n3 "
+        "(over)\n€ 2.40\nMethod\nBoil the eggs.\nIssued 04/2021\n> Any soup?\nShared from my kitchen\n\n3 "
         "Comments\nAnna\nWe boil it twice.\n\n86 "
         "WINTER"));
     EXPECT_EQ(draft.title, u"Soup");
