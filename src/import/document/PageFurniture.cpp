@@ -279,11 +279,19 @@ QStringList PageFurniture::siteNames(const QList<TextLine>& lines)
     static const QRegularExpression address = pattern(QStringLiteral(
         "(?:https?://|www\\.|\\b)(?:www\\.)?([a-z0-9-]+)\\.(?:com|org|net|de|fr|es|it|nl|pt|pl|se|dk|"
         "co\\.uk|example|recipes|blog|kitchen)\\b"));
+    // "© 2019 The Copper Spoon. All rights reserved."
+    static const QRegularExpression copyright = pattern(
+        QStringLiteral("^(?:©|\\(c\\)|copyright)\\s*(?:\\d{4}(?:[–-]\\d{4})?)?\\s*([\\p{L}][^.·|,]{2,40})"));
+    static const QRegularExpression sign = pattern(QStringLiteral("[^\\p{L}\\p{N}]"));
     QStringList names;
     for (const TextLine& line : lines) {
         const auto match = address.match(line.text);
         if (match.hasMatch()) {
             names.append(match.captured(1).toLower().remove(u'-'));
+        }
+        const auto owner = copyright.match(line.text);
+        if (owner.hasMatch()) {
+            names.append(owner.captured(1).toLower().remove(sign));
         }
     }
     return names;

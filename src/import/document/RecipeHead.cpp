@@ -179,7 +179,7 @@ private:
             const double card =
                 isLarge && i > 0 && proseAbove >= leastProse && !hasLargeType(title.end) ? 1.6 : 1;
             const double masthead = isLarge && isMasthead(i) ? 0.4 : 1;
-            const double twice = isLarge && standsTwice(title) ? 1.5 : 1;
+            const double twice = isLarge && standsTwice(title, i) ? 1.5 : 1;
             const double chapter = subsection > i && isChapter(title.text) ? 0.4 : 1;
             const double score =
                 twice * masthead * chapter * card * large * (1 + 1.2 * shareSpokenOf(title.text, m_spoken)) -
@@ -193,12 +193,23 @@ private:
         return best;
     }
 
-    /// Above a text and again on the recipe's card.
-    bool standsTwice(const Title& title) const
+    /// Above a text and again on the recipe's card, or in small type at the page's head.
+    bool standsTwice(const Title& title, qsizetype begin) const
     {
-        return std::any_of(m_lines.begin() + title.end, m_lines.end(), [&](const TextLine& line) {
-            return line.relativeHeight >= titleType &&
-                   line.text.compare(title.text, Qt::CaseInsensitive) == 0;
+        const auto isSame = [&](const TextLine& line) {
+            return line.text.compare(title.text, Qt::CaseInsensitive) == 0;
+        };
+        return std::any_of(m_lines.begin(), m_lines.begin() + begin, isSame) ||
+               std::any_of(m_lines.begin() + title.end, m_lines.end(), isSame);
+    }
+
+    /// Whether a small line, as a browser's at the page's head, has the same words: then they are a title
+    /// whole.
+    bool isNamedInSmallType(const TextLine& line) const
+    {
+        return std::any_of(m_lines.begin(), m_lines.end(), [&](const TextLine& other) {
+            return other.relativeHeight < titleType && line.relativeHeight >= titleType &&
+                   other.text.compare(line.text, Qt::CaseInsensitive) == 0;
         });
     }
 
@@ -236,7 +247,7 @@ private:
     {
         const TextLine& line = m_lines[i];
         const TextLine& previous = m_lines[i - 1];
-        if (line.page != previous.page || !mayBeTitle(line)) {
+        if (line.page != previous.page || !mayBeTitle(line) || isNamedInSmallType(line)) {
             return false;
         }
         const bool sameType =

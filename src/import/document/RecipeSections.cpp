@@ -227,8 +227,10 @@ private:
         }
         m_recipeBegun = true;
         const bool restIsAside = RecipeFacts::isFact(heading.rest) || heading.rest.startsWith(u'(');
-        if (restIsAside) {
-            m_sections.first().lines.append({heading.rest, true, 1, line.page});
+        if (restIsAside && heading.kind != HeadingKind::Other) {
+            const bool isInBrackets = heading.rest.startsWith(u'(') && heading.rest.endsWith(u')');
+            const QString aside = isInBrackets ? heading.rest.sliced(1).chopped(1) : heading.rest;
+            m_sections.first().lines.append({aside, true, 1, line.page});
         }
         const bool isAside = heading.kind == HeadingKind::Other && !heading.rest.isEmpty() && !restIsAside &&
                              m_sections[m_current].kind != HeadingKind::None;

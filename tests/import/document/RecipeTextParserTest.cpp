@@ -378,6 +378,26 @@ TEST(RecipeTextParser, TakesNoNameOfAPaperForATitle)
     EXPECT_EQ(RecipeTextParser::parse(lines).title, QStringLiteral("Arroz Chaufa"));
 }
 
+TEST(RecipeTextParser, TellsTheTitleFromTheNameOfTheSiteAboveIt)
+{
+    // By what the foot says, or a browser's line at the head.
+    for (const char* told : {"\n\n© 2019 The Copper Spoon. All rights reserved.", "\n\nEgg Soup"}) {
+        QList<TextLine> lines =
+            page((std::string("# The Copper Spoon\n# Egg Soup\nIngredients (Serves 4)\n2 eggs\n"
+                              "1 l stock\nMethod\nBoil the stock.\n\nComments (3)\nAnna\nGood.") +
+                  told)
+                     .c_str());
+        if (lines.last().text == u"Egg Soup") {
+            lines.prepend(lines.takeLast());
+        }
+        const RecipeDraft draft = RecipeTextParser::parse(lines);
+        EXPECT_EQ(draft.title, u"Egg Soup") << told;
+        EXPECT_EQ(draft.yield, u"4");
+        EXPECT_THAT(texts(draft.ingredients), ElementsAre("2 eggs", "1 l stock"));
+        EXPECT_THAT(stepTexts(draft), ElementsAre("Boil the stock."));
+    }
+}
+
 TEST(RecipeTextParser, TakesTheTitleThatStandsTwice)
 {
     QList<TextLine> lines =
