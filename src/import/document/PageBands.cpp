@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cmath>
+#include <vector>
 
 namespace ovrin {
 
@@ -81,21 +82,24 @@ qsizetype partBelow(const QList<TextLine>& lines, double x, qsizetype begin, qsi
                     const PageMeasure& measure, const PageHeadings& headings)
 {
     constexpr double farApart = 4;
+    constexpr double none = 1;
+    // Where the next line to the right of `x` begins, from each line on.
+    std::vector<double> nextRight(static_cast<std::size_t>(end - begin) + 1, none);
+    double left = 1;
+    for (qsizetype i = end - 1; i >= begin; --i) {
+        const QRectF& place = lines[i].place;
+        const auto k = static_cast<std::size_t>(i - begin);
+        nextRight[k] = place.left() > x ? place.top() : nextRight[k + 1];
+        left = std::min(left, place.left());
+    }
     double bottom = 0;
     double rightBottom = 0;
-    double left = 1;
-    for (qsizetype i = begin; i < end; ++i) {
-        left = std::min(left, lines[i].place.left());
-    }
     for (qsizetype i = begin; i < end; ++i) {
         const QRectF& place = lines[i].place;
-        const auto nextRight = std::find_if(lines.begin() + i, lines.begin() + end,
-                                            [&](const TextLine& line) { return line.place.left() > x; });
-        const double rightTop = nextRight == lines.begin() + end ? 1 : nextRight->place.top();
+        const double rightTop = nextRight[static_cast<std::size_t>(i - begin)];
+        const bool isLast = rightTop == none;
         const bool isApart = place.top() - bottom > 0.5 * measure.height && place.right() < x;
-        const bool isLast = rightTop == 1.0;
-        const bool isFact =
-            isLast && place.left() - left < measure.letter && RecipeFacts::isFact(lines[i].text);
+        const bool isFact = isLast && place.left() - left < measure.letter && headings.isFact(lines[i]);
         const HeadingKind kind = headings.of(lines[i]);
         const bool isPart =
             isLast ? kind != HeadingKind::None
@@ -182,8 +186,7 @@ qsizetype rowOfPartHeadings(const QList<TextLine>& lines, double x, qsizetype be
         if (headings.isPart(line)) {
             return begin;
         }
-        const bool isFact = RecipeFacts::isFact(line.text) || RecipeFacts::isBareLabel(line.text);
-        (line.place.right() < x ? left : right) += isFact ? 0 : 1;
+        (line.place.right() < x ? left : right) += headings.isFact(line) ? 0 : 1;
         bottom = std::max(bottom, line.place.bottom());
     }
     return begin;
@@ -258,6 +261,9 @@ PageHeadings::PageHeadings(const QList<TextLine>& lines)
         const HeadingKind kind = headingOf(line.text).kind;
         if (kind != HeadingKind::None) {
             m_kinds.insert(line.text, kind);
+        }
+        if (RecipeFacts::isFact(line.text) || RecipeFacts::isBareLabel(line.text)) {
+            m_facts.insert(line.text);
         }
     }
 }

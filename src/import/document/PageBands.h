@@ -4,6 +4,7 @@
 #include "import/document/RecipeSections.h"
 
 #include <QtCore/QHash>
+#include <QtCore/QSet>
 
 #include <optional>
 #include <tuple>
@@ -25,7 +26,7 @@ struct Band
     auto rank() const { return std::tuple(weight, end - begin, right - left); }
 };
 
-/// Which of a page's lines are headings, read once: the search for bands asks again and again.
+/// Which of a page's lines are headings or facts, read once: the search for bands asks again and again.
 class PageHeadings
 {
 public:
@@ -38,8 +39,12 @@ public:
         return of(line) == HeadingKind::Ingredients || of(line) == HeadingKind::Directions;
     }
 
+    /// Whether the line is a fact or the label of one.
+    bool isFact(const TextLine& line) const { return m_facts.contains(line.text); }
+
 private:
     QHash<QString, HeadingKind> m_kinds;
+    QSet<QString> m_facts;
 };
 
 namespace PageBands {

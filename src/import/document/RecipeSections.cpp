@@ -187,7 +187,10 @@ private:
             return !place.isNull() && lines[next].page == lines[i].page &&
                    std::abs(lines[next].place.center().y() - place.center().y()) < 0.5 * place.height();
         };
-        while (next < lines.size() && isBeside() && !RecipeFacts::isDuration(lines[next].text)) {
+        // A row of labels, with their times below.
+        constexpr qsizetype mostLabels = 8;
+        while (next < lines.size() && next <= i + mostLabels && isBeside() &&
+               !RecipeFacts::isDuration(lines[next].text)) {
             ++next;
         }
         return next < lines.size() && RecipeFacts::isDuration(lines[next].text);
@@ -371,7 +374,7 @@ private:
             return std::min(column.right, line.place.right()) - std::max(column.left, line.place.left());
         };
         const Column& own = m_columns[m_current];
-        if (shared(own) > 0 || countsOn(line, m_current)) {
+        if (shared(own) > 0 || countsOn(stepNumber(line), m_current)) {
             return m_current;
         }
         // What stands above all headings goes on where it may hold the method.
@@ -415,29 +418,32 @@ private:
         return std::nullopt;
     }
 
-    /// Whether `line` has the number that follows those of section `i`. A bare number may as well be an
-    /// amount.
-    bool countsOn(const TextLine& line, qsizetype i) const
+    /// The number in front of `line` that steps may count on to. A bare one may as well be an amount.
+    static int stepNumber(const TextLine& line)
     {
-        constexpr qsizetype leastSteps = 3;
-        const int last = m_columns[i].lastNumber;
+        constexpr int leastBare = 4;
         const auto number = LineShape::counted(line.text);
-        if (last == 0 || !number || number->number != last + 1) {
-            return false;
-        }
-        return !LineShape::isBareNumber(line.text) || (last >= leastSteps && LineShape::isProse(line.text));
+        const bool isStep = number && (!LineShape::isBareNumber(line.text) ||
+                                       (number->number >= leastBare && LineShape::isProse(line.text)));
+        return isStep ? number->number : 0;
+    }
+
+    bool countsOn(int number, qsizetype i) const
+    {
+        return number > 1 && m_columns[i].lastNumber == number - 1;
     }
 
     /// The section whose steps `line` counts on, where those of the list at hand do not.
     std::optional<qsizetype> sectionCountedOn(const TextLine& line) const
     {
-        if (m_sections[m_current].kind != HeadingKind::Ingredients || countsOn(line, m_current)) {
+        if (m_sections[m_current].kind != HeadingKind::Ingredients) {
             return std::nullopt;
         }
-        for (qsizetype i = m_sections.size() - 1; i >= 0; --i) {
+        const int number = stepNumber(line);
+        for (qsizetype i = m_sections.size() - 1; i >= 0 && !countsOn(number, m_current); --i) {
             const bool mayHoldSteps =
                 m_sections[i].kind == HeadingKind::None || m_sections[i].kind == HeadingKind::Directions;
-            if (mayHoldSteps && countsOn(line, i)) {
+            if (mayHoldSteps && countsOn(number, i)) {
                 return i;
             }
         }
