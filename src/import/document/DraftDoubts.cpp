@@ -67,15 +67,6 @@ double lostSteps(const RecipeOutline& parts)
     return std::min(static_cast<double>(count), most);
 }
 
-double tallest(const QList<TextLine>& lines)
-{
-    double height = 0;
-    for (const TextLine& line : lines) {
-        height = std::max(height, line.relativeHeight);
-    }
-    return height;
-}
-
 double doubtsAboutIngredients(const QStringList& all)
 {
     constexpr qsizetype longest = 70;
@@ -107,8 +98,8 @@ double doubtsAbout(const RecipeDraft& draft, const RecipeOutline& parts, const Q
 {
     constexpr double titleType = 1.3;
     constexpr double sameType = 0.1;
-    const bool hasTallLines = tallest(parts.ingredients + parts.directions) > titleType;
-    const bool isTallestLost = tallest(lines) > tallest(parts.head) + sameType;
+    const bool hasTallLines = TextLines::tallest(parts.ingredients + parts.directions) > titleType;
+    const bool isTallestLost = TextLines::tallest(lines) > TextLines::tallest(parts.head) + sameType;
     const double left =
         static_cast<double>(parts.head.size()) / static_cast<double>(std::max<qsizetype>(1, lines.size()));
     return doubtsAboutIngredients(draft.ingredients) + doubtsAboutSteps(draft.steps) +

@@ -130,10 +130,7 @@ void addSection(RecipeOutline& result, const Section& section)
 qsizetype nextTitleLike(const QList<TextLine>& head, const QList<TextLine>& lines)
 {
     constexpr double alike = 0.93;
-    double height = 0;
-    for (const TextLine& line : head) {
-        height = std::max(height, line.relativeHeight);
-    }
+    const double height = TextLines::tallest(head);
     const auto found = std::find_if(lines.begin(), lines.end(), [&](const TextLine& line) {
         return isLargeType(line) && looksLikeTitle(line) && line.relativeHeight > alike * height;
     });

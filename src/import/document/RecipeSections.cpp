@@ -142,10 +142,7 @@ private:
     QList<Section> withTitlesOfRecipesOnly() const
     {
         constexpr double alike = 0.93;
-        double titleHeight = 0;
-        for (const TextLine& line : m_sections.first().lines) {
-            titleHeight = std::max(titleHeight, line.relativeHeight);
-        }
+        const double titleHeight = TextLines::tallest(m_sections.first().lines);
         QList<Section> result{m_sections.first()};
         for (qsizetype i = 1; i < m_sections.size(); ++i) {
             const auto next =
@@ -398,7 +395,7 @@ private:
     }
 
     /// The method that goes on at `line`, where the list at hand stood to the right of it: what begins
-    /// further to the left than any of the list's lines, where the method's do.
+    /// further to the left than any of the list's lines, below the method's.
     std::optional<qsizetype> methodBeside(const TextLine& line) const
     {
         constexpr double sameEdge = 0.015;

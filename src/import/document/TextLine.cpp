@@ -4,7 +4,18 @@
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 
+#include <algorithm>
+
 namespace ovrin {
+
+double TextLines::tallest(const QList<TextLine>& lines)
+{
+    double height = 0;
+    for (const TextLine& line : lines) {
+        height = std::max(height, line.relativeHeight);
+    }
+    return height;
+}
 
 QList<TextLine> TextLines::fromPlainText(const QString& text)
 {

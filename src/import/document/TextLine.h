@@ -46,6 +46,9 @@ struct TextBox
 
 namespace TextLines {
 
+/// The largest `relativeHeight`; 0 of no lines.
+double tallest(const QList<TextLine>& lines);
+
 /// The lines of a plain text; a line after an empty one starts a block.
 QList<TextLine> fromPlainText(const QString& text);
 
