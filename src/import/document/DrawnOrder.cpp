@@ -79,18 +79,30 @@ bool goesOn(const QRectF& line, const QRectF& next, double left, double right, c
     return next.left() < right && next.right() > left && next.top() > line.top() - 0.5 * measure.height;
 }
 
-/// `column`, whose lines reach no further to the right than to what stands beside them.
+/// `column`, whose lines reach no further to the right than to what stands beside them. Where the widest of
+/// them comes near to that, it shows how far they may.
 QList<TextLine> narrowed(QList<TextLine> column, const QList<TextLine>& page, const PageMeasure& measure)
 {
-    for (TextLine& line : column) {
+    constexpr double widestGutter = 10;
+    double reach = 0;
+    std::vector<double> limits;
+    for (const TextLine& line : column) {
+        double limit = line.columnRight;
         for (const TextLine& other : page) {
             const double below = other.place.top() - line.place.bottom();
             const double above = line.place.top() - other.place.bottom();
             if (other.place.left() > line.place.right() && std::max(below, above) < nearby * measure.height) {
-                line.columnRight = std::min(line.columnRight, other.place.left() - measure.letter);
+                limit = std::min(limit, other.place.left() - measure.letter);
             }
         }
-        line.columnRight = std::max(line.columnRight, line.place.right());
+        reach = limit < line.columnRight ? std::max(reach, line.place.right()) : reach;
+        limits.push_back(limit);
+    }
+    for (std::size_t i = 0; i < limits.size(); ++i) {
+        TextLine& line = column[static_cast<qsizetype>(i)];
+        const bool isNarrowed =
+            limits[i] < line.columnRight && limits[i] - reach < widestGutter * measure.letter;
+        line.columnRight = std::max(isNarrowed ? std::min(limits[i], reach) : limits[i], line.place.right());
     }
     return column;
 }

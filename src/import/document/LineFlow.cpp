@@ -173,6 +173,25 @@ std::optional<double> LineFlow::edgeOfRests() const
     return edges.empty() ? std::nullopt : std::optional(medianOf(std::move(edges)));
 }
 
+/// Whether most lines that stand below names, beside a column of amounts, are rests: hardly a list names half
+/// of its ingredients without their amounts.
+bool LineFlow::areMostlyRests() const
+{
+    constexpr qsizetype leastAmounts = 4;
+    qsizetype amounts = 0;
+    qsizetype others = 0;
+    qsizetype behindFull = 0;
+    for (qsizetype i = 1; i < m_lines.size(); ++i) {
+        if (LineShape::startsWithAmount(m_lines[i].text)) {
+            ++amounts;
+        } else if (m_indents[i] > sameEdge) {
+            ++others;
+            behindFull += hadRoom(i) ? 0 : 1;
+        }
+    }
+    return amounts >= leastAmounts && others * 10 >= amounts * 7 && behindFull * 2 >= others;
+}
+
 /// The lines of an entry are set in below its first one.
 void LineFlow::judgeByHangingIndent()
 {
@@ -191,9 +210,15 @@ void LineFlow::judgeByHangingIndent()
     for (qsizetype i = 1; i < m_lines.size(); ++i) {
         hasHungAmounts = hasHungAmounts || isHungAmount(i);
     }
+    const bool mostlyRests = areMostlyRests();
+    const auto hadMuchRoom = [&](qsizetype i) {
+        constexpr double muchRoom = 6;
+        return fits(i, m_lines[i - 1].columnRight - muchRoom * m_letter);
+    };
     // So they are where the amounts are set to the right edge of their column.
     const auto isRest = [&](qsizetype i, double hang) {
-        return hang > widestHang || hasHungAmounts ? !hadRoom(i) : followsLongLine(i);
+        return hang > widestHang || hasHungAmounts ? !(mostlyRests ? hadMuchRoom(i) : hadRoom(i))
+                                                   : followsLongLine(i);
     };
     std::vector<double> hangs;
     qsizetype behindFull = 0;
@@ -243,7 +268,9 @@ void LineFlow::judgeByFirstLineIndent()
         }
         if (m_indents[i] > sameEdge) {
             ++in;
-            behindEnd += LineShape::endsSentence(m_lines[i - 1].text) ? 1 : 0;
+            // What a colon announces may be set in as well.
+            const QString& above = m_lines[i - 1].text;
+            behindEnd += LineShape::endsSentence(above) && !above.endsWith(u':') ? 1 : 0;
         } else {
             ++out;
         }
@@ -260,12 +287,81 @@ void LineFlow::judgeByFirstLineIndent()
     }
 }
 
+/// From one line to the next, in heights of a line.
+double LineFlow::gap(qsizetype i) const
+{
+    return (m_lines[i].place.bottom() - m_lines[i - 1].place.bottom()) / m_height;
+}
+
+/// What line `i` looks like, whatever stands above it: with an amount or a bullet, or below a line that had
+/// room for more, the beginning of an entry; in lower case or with a bracket below a full one, a rest.
+LineFlow::Verdict LineFlow::look(qsizetype i) const
+{
+    const QString& text = m_lines[i].text;
+    if (LineShape::startsWithAmount(text) || LineShape::hasBullet(text) || !followsLongLine(i)) {
+        return Verdict::Begins;
+    }
+    return text.front().isLower() || text.front() == u'(' ? Verdict::Continues : Verdict::Unknown;
+}
+
+/// The blank space that tells entries from their rests best, where there is one that does.
+std::optional<double> LineFlow::partingGap() const
+{
+    // Browsers round the places of lines, so that equal spaces differ.
+    constexpr double leastStep = 0.03;
+    struct Gap
+    {
+        double size;
+        Verdict look;
+    };
+    std::vector<Gap> gaps;
+    for (qsizetype i = 1; i < m_lines.size(); ++i) {
+        if (followsDown(i)) {
+            gaps.push_back({gap(i), look(i)});
+        }
+    }
+    std::sort(gaps.begin(), gaps.end(), [](const Gap& a, const Gap& b) { return a.size < b.size; });
+    const auto count = [&](std::size_t begin, std::size_t end, Verdict verdict) {
+        return std::count_if(gaps.begin() + static_cast<std::ptrdiff_t>(begin),
+                             gaps.begin() + static_cast<std::ptrdiff_t>(end),
+                             [&](const Gap& gap) { return gap.look == verdict; });
+    };
+    std::optional<double> best;
+    std::ptrdiff_t most = 0;
+    for (std::size_t k = 1; k < gaps.size(); ++k) {
+        if (gaps[k].size - gaps[k - 1].size < leastStep) {
+            continue;
+        }
+        const auto rests = count(0, k, Verdict::Continues);
+        const auto entries = count(0, k, Verdict::Begins);
+        const auto wideRests = count(k, gaps.size(), Verdict::Continues);
+        const auto wideEntries = count(k, gaps.size(), Verdict::Begins);
+        const auto right = rests - 2 * entries + wideEntries - 2 * wideRests;
+        if (rests > 0 && entries == 0 && wideRests == 0 && rests + wideEntries > 5 && right > most) {
+            most = right;
+            best = 0.5 * (gaps[k].size + gaps[k - 1].size);
+        }
+    }
+    return best;
+}
+
 /// A wider blank space parts entries than lines of one entry.
 void LineFlow::judgeByGaps()
 {
-    const auto gap = [&](qsizetype i) {
-        return (m_lines[i].place.bottom() - m_lines[i - 1].place.bottom()) / m_height;
-    };
+    if (judgeByClearGaps()) {
+        return;
+    }
+    const std::optional<double> parting = partingGap();
+    for (qsizetype i = 1; parting && i < m_lines.size(); ++i) {
+        if (followsDown(i) && m_verdicts[i] == Verdict::Unknown) {
+            m_verdicts[i] = gap(i) < *parting ? Verdict::Continues : Verdict::Begins;
+        }
+    }
+}
+
+/// Where the blank spaces are of two sizes that differ clearly.
+bool LineFlow::judgeByClearGaps()
+{
     std::vector<double> gaps;
     for (qsizetype i = 1; i < m_lines.size(); ++i) {
         if (followsDown(i)) {
@@ -273,11 +369,12 @@ void LineFlow::judgeByGaps()
         }
     }
     if (gaps.size() < 2) {
-        return;
+        return false;
     }
     const double limit = widestTight(gaps);
     qsizetype tightCount = 0;
     qsizetype wideCount = 0;
+    qsizetype wideRests = 0;
     qsizetype tightBehindFull = 0;
     qsizetype tightEntries = 0;
     for (qsizetype i = 1; i < m_lines.size(); ++i) {
@@ -291,18 +388,22 @@ void LineFlow::judgeByGaps()
             tightEntries += LineShape::startsWithAmount(text) || LineShape::hasBullet(text) ? 1 : 0;
         } else {
             ++wideCount;
+            wideRests += look(i) == Verdict::Continues ? 1 : 0;
         }
     }
     // Wrapped lines follow full ones. Where most tight lines do not, or begin as entries do, the wide spaces
     // part groups of entries.
-    if (wideCount == 0 || tightEntries * 2 > tightCount || !isMost(tightBehindFull, tightCount)) {
-        return;
+    const bool restsAreWide = wideRests > 2 * tightCount;
+    if (wideCount == 0 || restsAreWide || tightEntries * 2 > tightCount ||
+        !isMost(tightBehindFull, tightCount)) {
+        return false;
     }
     for (qsizetype i = 1; i < m_lines.size(); ++i) {
         if (followsDown(i)) {
             m_verdicts[i] = gap(i) < limit ? Verdict::Continues : Verdict::Begins;
         }
     }
+    return true;
 }
 
 } // namespace ovrin

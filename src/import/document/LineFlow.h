@@ -24,6 +24,9 @@ public:
     /// Whether it goes by places.
     bool isPlaced() const { return m_letter > 0; }
 
+    /// Whether line `i` stands below the one before, in the same column.
+    bool followsDown(qsizetype i) const;
+
     /// By indents and blank spaces, where the lines have a habit of them; the first line begins.
     Verdict verdict(qsizetype i) const { return m_verdicts[static_cast<std::size_t>(i)]; }
 
@@ -31,15 +34,19 @@ private:
     /// Which edge, or the middle, the lines of a column have in common.
     enum class Alignment { Left, Right, Centred };
 
-    bool followsDown(qsizetype i) const;
     Alignment commonAlignment() const;
     bool fits(qsizetype i, double columnRight) const;
     bool followsLongLine(qsizetype i) const;
     std::optional<double> edgeOfRests() const;
+    bool areMostlyRests() const;
     void measure();
     void judgeByHangingIndent();
     void judgeByFirstLineIndent();
+    double gap(qsizetype i) const;
+    Verdict look(qsizetype i) const;
+    std::optional<double> partingGap() const;
     void judgeByGaps();
+    bool judgeByClearGaps();
 
     const QList<TextLine>& m_lines;
     std::vector<Verdict> m_verdicts;

@@ -11,6 +11,7 @@
 #include <QtCore/QSet>
 
 #include <algorithm>
+#include <cmath>
 
 namespace ovrin {
 
@@ -68,6 +69,19 @@ bool isAmountAlone(const QString& text)
 {
     const QStringList amounts = text.split(QRegularExpression(QStringLiteral("\\s*[|/]\\s+|\\s+[|/]\\s*")));
     return std::all_of(amounts.begin(), amounts.end(), LineShape::isBareAmount);
+}
+
+/// An amount, in figures or in words.
+bool opensWithAmount(const QString& text)
+{
+    return LineShape::startsWithAmount(text) ||
+           RecipeWords::amountWords().contains(text.section(u' ', 0, 0).toLower());
+}
+
+/// "(optional, to have a", "(see below)", but not "(Optional) a bottle of stout".
+bool opensAside(const QString& text)
+{
+    return text.startsWith(u'(') && (!text.contains(u')') || text.endsWith(u')'));
 }
 
 QString lastWord(const QString& text)
@@ -181,6 +195,9 @@ public:
         m_hasRests = rests > 2 * lowerEntries && (rests > 1 || lowerEntries == 0);
         m_isLowerCase = lowerCase * 2 > words;
         m_mayWrap = m_fullWidth > narrowestColumn && hasWrappedLines(lines);
+        const auto first = std::find_if(lines.begin(), lines.end(),
+                                        [](const TextLine& line) { return !line.text.endsWith(u':'); });
+        m_hasAmountsFirst = first != lines.end() && isAmountAlone(first->text);
         m_hasCapitalRests = m_flow.isPlaced() && hasCapitalRests(rests);
     }
 
@@ -213,13 +230,16 @@ public:
                (opensGroup || largerType || capitals || standsApart || (m_isBulleted && i == 0));
     }
 
+    /// Whether amounts stand on lines of their own, each in front of its name.
+    bool hasAmountsFirst() const { return m_hasAmountsFirst; }
+
     /// Whether line `i` continues `entry`, which ends in the line before.
     bool continues(qsizetype i, const QString& entry) const
     {
         const TextLine& line = m_lines[i];
         const QString& text = line.text;
         const QString& previous = m_lines[i - 1].text;
-        if (LineShape::hasBullet(text)) {
+        if (LineShape::hasBullet(text) || isInOtherType(i)) {
             return false;
         }
         if (m_isBulleted) {
@@ -227,18 +247,22 @@ public:
         }
         const bool room = m_flow.hadRoom(i);
         const LineFlow::Verdict verdict = m_flow.verdict(i);
-        if (verdict == LineFlow::Verdict::Continues) {
-            return true;
-        }
-        if (verdict == LineFlow::Verdict::Begins) {
-            return hasOpenBracket(entry) && !room && !line.startsBlock;
-        }
         const bool runsOn = hasOpenBracket(entry) || (previous.endsWith(u':') && isAmountAlone(text)) ||
                             QStringView(u"-/|").contains(previous.back()) ||
                             RecipeWords::connectors().contains(lastWord(previous)) ||
                             (isCount(lastWord(previous)) && !room);
+        if (verdict == LineFlow::Verdict::Continues) {
+            return !room || runsOn || !opensWithAmount(text);
+        }
+        if (verdict == LineFlow::Verdict::Begins) {
+            return hasOpenBracket(entry) && !room && !line.startsBlock;
+        }
+        if ((m_hasAmountsFirst || !room) && entry == previous && isAmountAlone(entry) &&
+            !LineShape::startsWithAmount(text)) {
+            return true;
+        }
         if (LineShape::startsWithAmount(text)) {
-            return runsOn && !line.startsBlock && !room;
+            return runsOn && !line.startsBlock && (!room || (hasOpenBracket(entry) && m_flow.followsDown(i)));
         }
         if (m_isSpaced) {
             return !line.startsBlock;
@@ -250,9 +274,13 @@ public:
         if (runsOn || (text.startsWith(u'(') && text.endsWith(u')'))) {
             return true;
         }
+        if (!room && (QStringView(u"/&").contains(text.front()) || opensAside(text) ||
+                      RecipeWords::modifiers().contains(lastWord(previous)))) {
+            return true;
+        }
         const bool isRest = m_isAmountList && !room && LineShape::startsWithAmount(previous);
-        if (isRest && (QStringView(u"(/&").contains(text.front()) ||
-                       (text.front().isLower() && m_flow.isPlaced() && m_hasRests))) {
+        if (isRest && text.front().isLower() && m_flow.isPlaced() && m_hasRests && !previous.endsWith(u')') &&
+            !(isPantryItem(text) && text.contains(u' '))) {
             return true;
         }
         if (m_hasCapitalRests && !room && LineShape::startsWithAmount(entry) && mayBeCapitalRest(i)) {
@@ -268,6 +296,15 @@ public:
     }
 
 private:
+    /// Whether line `i` is set larger or smaller than the one before.
+    bool isInOtherType(qsizetype i) const
+    {
+        constexpr double otherSize = 1.2;
+        const double height = m_lines[i].relativeHeight;
+        const double above = m_lines[i - 1].relativeHeight;
+        return height > otherSize * above || above > otherSize * height;
+    }
+
     /// Whether lines that begin like the rest of another follow full lines, as the rests of wrapped lines do,
     /// or short ones just as well, as the entries of a list in lower case do.
     bool hasWrappedLines(const QList<TextLine>& lines) const
@@ -316,7 +353,8 @@ private:
                 behindFull += isFull ? 1 : 0;
             }
         }
-        return behindFull + rests > 1 && behindFull * 5 >= capitals * 3 && amountsBehindFull * 4 <= amounts;
+        return behindFull + rests > 1 && behindFull * 5 >= capitals * 3 &&
+               behindFull * (amounts + 1) > 2 * amountsBehindFull * (capitals + 1);
     }
 
     bool startsWithMarkOrAmount(qsizetype i) const
@@ -335,6 +373,7 @@ private:
     /// More lines in lower case follow full lines, as rests do, than short ones.
     bool m_hasRests = false;
     bool m_hasCapitalRests = false;
+    bool m_hasAmountsFirst = false;
     /// Some line is so much longer than the others, or so many begin with a word, that lines may be wrapped.
     bool m_mayWrap = false;
 };
@@ -403,12 +442,14 @@ QStringList RecipeItems::ingredients(const QList<TextLine>& lines)
         } else {
             const QString entry = LineShape::withoutBullet(lines[i].text).trimmed();
             // A page's number, perhaps.
-            if (!entry.isEmpty() && !isCount(entry)) {
+            const bool isStray = isCount(entry) && !list.hasAmountsFirst();
+            if (!entry.isEmpty() && !isStray) {
                 entries.append(isNumbered ? withoutListNumber(entry) : entry);
                 mayContinue = true;
             }
         }
     }
+    entries.removeIf(isCount);
     return entries;
 }
 

@@ -297,6 +297,13 @@ RecipeOutline wholeOutline(const QList<TextLine>& lines)
         const LineRange list = IngredientSearch(result.head).listAboveMethod();
         result.ingredients = result.head.sliced(list.begin, list.size());
         result.head.remove(list.begin, list.size());
+    } else if (!IngredientSearch(result.directions).hasSteps() &&
+               IngredientSearch(result.ingredients).hasNumberedSteps()) {
+        // The method's heading was read with what stands beside it.
+        const qsizetype split = IngredientSearch(result.ingredients).directionsBegin(0);
+        result.head += result.directions;
+        result.directions = result.ingredients.sliced(split);
+        result.ingredients = result.ingredients.first(split);
     } else {
         const qsizetype end = IngredientSearch(result.ingredients).listEnd();
         result.head += result.ingredients.sliced(end);

@@ -110,6 +110,29 @@ const QSet<QString>& RecipeWords::connectors()
     return words;
 }
 
+const QSet<QString>& RecipeWords::modifiers()
+{
+    static const QSet<QString> words = asSet(listed(
+        u"fresh|freshly|finely|coarsely|roughly|thinly|lightly|very|large|small|medium|medium-sized|medium-"
+        u"size|"
+        u"big|whole|ground|dried|dry|smoked|white|red|green|black|brown|yellow|dark|light|heavy|hot|cold|"
+        u"warm|"
+        u"sweet|sour|salted|unsalted|raw|ripe|baby|wild|plain|extra|virgin|extra-virgin|olive|vegetable|"
+        u"vanilla|baking|bell|bay|soy|sesame|sea|kosher|all-purpose|self-raising|granulated|powdered|caster|"
+        u"icing|unsweetened|boneless|skinless|lean|pickled|canned|tinned|italian|french|greek|spanish|"
+        u"chinese|"
+        u"mexican|irish|english|balsamic|worcestershire|cayenne|curry|cherry|plum|spring|full-fat|low-fat|"
+        u"free-range|flat-leaf|good|jigger|condensed|evaporated|double|minced|grated|shredded|crushed|cooked|"
+        u"frischer|frische|frisches|frischen|gemahlener|gemahlene|gemahlenes|gehackte|geriebener|geriebene|"
+        u"getrocknete|große|kleine|mittelgroße|rote|grüne|gelbe|weiße|weißer|schwarzer|schwarze|brauner|"
+        u"verse|gemalen|gehakte|geraspelde|gedroogde|grote|rode|groene|gele|witte|zwarte|bruine|"
+        u"färsk|färska|hackad|riven|malen|torkad|stora|röd|röda|grön|gröna|svart|vita|"
+        u"frisk|friske|hakket|revet|malet|tørret|store|rød|røde|grønne|sort|"
+        u"świeży|świeża|świeże|mielony|mielona|duża|duże|mała|małe|czerwona|zielona|biała|czarny|"
+        u"grande|petit|petite|grosse|gros|gran"));
+    return words;
+}
+
 const QSet<QString>& RecipeWords::cookingVerbs()
 {
     static const QSet<QString> words = asSet(listed(

@@ -18,6 +18,8 @@ const QStringList& otherHeadings();
 const QSet<QString>& noise();
 /// Words after which a sentence cannot have ended.
 const QSet<QString>& connectors();
+/// Words that hardly end an ingredient: what they describe is still to come.
+const QSet<QString>& modifiers();
 /// Words with which a direction begins.
 const QSet<QString>& cookingVerbs();
 /// Units and vessels that follow an amount.

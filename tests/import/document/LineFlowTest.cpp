@@ -73,49 +73,104 @@ INSTANTIATE_TEST_SUITE_P(Lists, LineFlowOf, testing::Values(
     [](const auto& drawn) { return std::string(drawn.param.name); });
 // clang-format on
 
-TEST(LineFlow, TellsEntriesApartByTheBlankSpaceBetweenThem)
+namespace {
+
+/// A letter is as wide as a line is high.
+constexpr double letter = 0.01;
+
+struct ListCase
+{
+    const char* name;
+    /// How many letters wide the column is.
+    int width;
+    /// A line each: how far below the one before it stands, in its height, and its text, set in by spaces.
+    std::vector<std::pair<double, const char*>> lines;
+    const char* entries;
+};
+
+class ListsByPlace : public testing::TestWithParam<ListCase>
+{
+};
+
+} // namespace
+
+TEST_P(ListsByPlace, AreJoinedIntoEntries)
 {
     QList<TextLine> lines;
     double y = 0.1;
-    for (const auto& [text, gap] : {std::pair("2 cups of flour, and more of it", 0.0),
-                                    {"for dusting", 0.02},
-                                    {"Parsley", 0.025},
-                                    {"1 bottle of juice of tomatoes and", 0.025},
-                                    {"carrots", 0.02}}) {
-        y += gap;
-        const QString line = QString::fromUtf8(text);
-        lines.append({line, false, 1, 0, {0.1, y, static_cast<double>(line.size()) * 0.01, 0.015}, 0.45});
+    for (const auto& [step, drawn] : GetParam().lines) {
+        const QString text = QString::fromUtf8(drawn).trimmed();
+        const double left = 0.1 + letter * static_cast<double>(qstrlen(drawn) - text.toUtf8().size());
+        y += letter * step;
+        const QRectF place(left, y, letter * static_cast<double>(text.size()), letter);
+        lines.append({text, lines.isEmpty(), 1, 0, place, 0.1 + letter * GetParam().width});
     }
-    const LineFlow flow(lines);
-    using enum LineFlow::Verdict;
-    const std::vector expected{Begins, Continues, Begins, Begins, Continues};
-    for (qsizetype i = 0; i < lines.size(); ++i) {
-        EXPECT_EQ(flow.verdict(i), expected[static_cast<std::size_t>(i)]) << lines[i].text.toStdString();
-    }
+    EXPECT_EQ(RecipeItems::ingredients(lines).join(u'/').toStdString(), GetParam().entries);
 }
 
-TEST(LineFlow, TellsEntriesByAFewHairsMoreThanALineHas)
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Lists, ListsByPlace, testing::Values(
+    ListCase{"EntriesApart", 35, {
+        {0, "2 cups of flour, and more of it"}, {1.3, "for dusting"},
+        {1.7, "Parsley"},
+        {1.7, "1 bottle of juice of tomatoes and"}, {1.3, "carrots"}},
+        "2 cups of flour, and more of it for dusting/Parsley/1 bottle of juice of tomatoes and carrots"},
+    ListCase{"EntriesAFewHairsApart", 40, {
+        {0, "beef brisket with its fat left on, in"}, {1.25, "cubes"},
+        {1.36, "butter"},
+        {1.36, "cloves (not garlic cloves, just cloves)"},
+        {1.36, "juniper berries"},
+        {1.36, "brown beer of a kind that has a strong"}, {1.25, "taste"}},
+        "beef brisket with its fat left on, in cubes/butter/cloves (not garlic cloves, just cloves)/"
+        "juniper berries/brown beer of a kind that has a strong taste"},
+    ListCase{"EntriesApartByLessThanRoundingAllows", 27, {
+        {0, "24 oz or 1 jar of tomato"}, {1.07, "Sauce (Roma)"},
+        {1.19, "1 box of Macaroni, or"}, {1.07, "penne"},
+        {1.13, "8 oz shredded Mozzarella"}, {1.05, "Cheese (soft)"},
+        {1.13, "1 egg"}, {1.19, "2 lemons"}, {1.13, "Oil"}},
+        "24 oz or 1 jar of tomato Sauce (Roma)/1 box of Macaroni, or penne/8 oz shredded Mozzarella Cheese (soft)/"
+        "1 egg/2 lemons/Oil"},
+    ListCase{"SmallPrintBelowTellsNothing", 20, {
+        {0, "1 kg of black"}, {1.2, "beans, rinsed and"}, {1.2, "drained."},
+        {1.2, "1 white onion cut"}, {1.2, "into halves."},
+        {1.2, "1 cup of chopped"}, {1.2, "coriander."},
+        {4, "A letter each week"}, {1.0, "for you"}},
+        "1 kg of black beans, rinsed and drained./1 white onion cut into halves./1 cup of chopped coriander./"
+        "A letter each week/for you"},
+    ListCase{"NamesBelowNamesBesideAmounts", 23, {
+        {0, "1/4 tsp   Cayenne"}, {1.2, "3/4 tsp   White"}, {1.2, "          Pepper"},
+        {1.2, "1 tbsp    Worcestershire"}, {1.2, "          Sauce"},
+        {1.2, "2 tbsp    Minced"}, {1.2, "          Fresh"}, {1.2, "          Garlic"},
+        {1.2, "1/2 cup   Dried"}, {1.2, "          Tomatoes"},
+        {1.2, "1/2 cup   Diced"}, {1.2, "          Andouille"},
+        {1.2, "1 tsp     Salt"}},
+        "1/4 tsp   Cayenne/3/4 tsp   White Pepper/1 tbsp    Worcestershire Sauce/2 tbsp    Minced Fresh Garlic/"
+        "1/2 cup   Dried Tomatoes/1/2 cup   Diced Andouille/1 tsp     Salt"},
+    ListCase{"AColonThatAnnouncesWhatIsSetIn", 27, {
+        {0, "brown sugar"},
+        {1.2, "brown beer (a strong one):"}, {1.2, "  1 l / 4 cups"},
+        {1.2, "butter"}, {1.2, "thyme"}, {1.2, "olive oil"}},
+        "brown sugar/brown beer (a strong one): 1 l / 4 cups/butter/thyme/olive oil"},
+    ListCase{"AWordThatEndsNoEntry", 21, {
+        {0, "1 tsp of smoked"}, {1.2, "paprika"},
+        {1.2, "pinch of coriander"},
+        {1.2, "1 jar of tomatoes"}},
+        "1 tsp of smoked paprika/pinch of coriander/1 jar of tomatoes"},
+    ListCase{"ABracketLeftOpenInFrontOfAFigure", 24, {
+        {0, "1 pound beef (80/20 or"}, {1.2, "93/7)"},
+        {1.2, "1 pound pork"}, {1.2, "1 egg"}},
+        "1 pound beef (80/20 or 93/7)/1 pound pork/1 egg"},
+    ListCase{"AnAmountOnALineOfItsOwn", 40, {
+        {0, "2 cups"}, {1.2, "flour"}, {1.8, "1 tsp"}, {1.2, "salt"}, {1.8, "3"}, {1.2, "eggs"}},
+        "2 cups flour/1 tsp salt/3 eggs"}),
+    [](const auto& drawn) { return std::string(drawn.param.name); });
+// clang-format on
+
+TEST(LineFlow, JoinsNoLinesOfDifferentType)
 {
-    // Heights of 0.01; within an entry the lines stand 0.0125 apart, entries 0.0136 apart.
-    const std::pair<const char*, double> drawn[] = {{"beef brisket with its fat left on, in", 0.0125},
-                                                    {"cubes", 0.0136},
-                                                    {"butter", 0.0136},
-                                                    {"cloves (not garlic cloves, just cloves)", 0.0136},
-                                                    {"juniper berries", 0.0136},
-                                                    {"brown beer of a kind that has a strong", 0.0125},
-                                                    {"taste", 0}};
-    QList<TextLine> lines;
-    double y = 0.1;
-    for (const auto& [words, step] : drawn) {
-        const QString text = QString::fromUtf8(words);
-        const QRectF place(0.1, y, 0.01 * static_cast<double>(text.size()), 0.01);
-        lines.append({text, lines.isEmpty(), 1, 0, place, 0.5});
-        y += step;
-    }
-    EXPECT_EQ(RecipeItems::ingredients(lines).join(u'/'),
-              QStringLiteral("beef brisket with its fat left on, in cubes/butter/"
-                             "cloves (not garlic cloves, just cloves)/juniper berries/"
-                             "brown beer of a kind that has a strong taste"));
+    const TextLine label{QStringLiteral("From the kitchen of"), true, 0.78, 0, {0.1, 0.1, 0.19, 0.01}, 0.3};
+    const TextLine entry{QStringLiteral("crab meat"), false, 1, 0, {0.1, 0.112, 0.09, 0.012}, 0.3};
+    EXPECT_EQ(RecipeItems::ingredients({label, entry}).size(), 2);
 }
 
 TEST(LineFlow, LetsAColonAtALinesEndHeadAGroupOnlyWhereNoRestFollows)

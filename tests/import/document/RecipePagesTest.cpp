@@ -53,6 +53,16 @@ INSTANTIATE_TEST_SUITE_P(Pages, RecipesOnPages, testing::Values(
         "3 Pour in the stock. Serve.\n",
         "2 carrots/1 l stock/Oil",
         "Heat the oil in a large pot./Add the carrots and let them simmer./Pour in the stock. Serve."},
+    RecipePage{"MethodsHeadingAboveThatOfTheListBesideIt",
+        "Soup\n"
+        "\n"
+        "                              Method\n"
+        "30 min to cook                1. Heat the oil in a large pot, and add the leeks.\n"
+        "INGREDIENTS                   2. Pour in the stock. Serve at once.\n"
+        "2 leeks\n"
+        "1 l stock\n",
+        "2 leeks/1 l stock",
+        "Heat the oil in a large pot, and add the leeks./Pour in the stock. Serve at once."},
     RecipePage{"WordsWithCapitalsInANarrowColumn",
         "Meatballs\n"
         "\n"
