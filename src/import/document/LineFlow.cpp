@@ -177,7 +177,7 @@ std::optional<double> LineFlow::edgeOfRests() const
 /// of its ingredients without their amounts.
 bool LineFlow::areMostlyRests() const
 {
-    constexpr qsizetype leastAmounts = 4;
+    constexpr qsizetype leastAmounts = 6;
     qsizetype amounts = 0;
     qsizetype others = 0;
     qsizetype behindFull = 0;

@@ -195,7 +195,9 @@ bool PageFurniture::isFurniture(const QString& line)
             "example|recipes|blog|kitchen)(?:/\\S*)?$")),
         pattern(QStringLiteral("^(?:©|\\(c\\)|copyright\\b)")),
         pattern(QStringLiteral("all rights reserved|alle rechte vorbehalten|tous droits réservés|"
-                               "todos los derechos")),
+                               "todos los derechos|todos os direitos reservados|tutti i diritti riservati|"
+                               "alle rechten voorbehouden|wszelkie prawa zastrzeżone|"
+                               "alla rättigheter|alle rettigheder")),
         pattern(QStringLiteral("^page \\d+ (?:of|/) \\d+$")),
         // A price.
         pattern(QStringLiteral("^(?:[€$£]\\s?\\d+(?:[.,]\\d{2})?|\\d+[.,]\\d{2}\\s?(?:€|eur|kr|zł))$")),
@@ -244,6 +246,27 @@ bool PageFurniture::isFurniture(const QString& line)
            matchesAny(forms, text);
 }
 
+namespace {
+
+/// Whether line `i` is an address in a running text: behind words of a sentence, or below a line that ends in
+/// the middle of one.
+bool isAddressInText(const QList<TextLine>& lines, qsizetype i)
+{
+    static const QRegularExpression alone = pattern(QStringLiteral("^(?:https?://|www\\.)\\S+$"));
+    static const QRegularExpression behindWords = pattern(
+        QStringLiteral("^\\p{Lu}\\p{L}+(?: \\p{L}+)* (?:at|on|by|bei|auf|unter|sur|en|su|op|em|na|på) "
+                       "(?:https?://|www\\.)\\S+$"));
+    static const QRegularExpression openEnd = pattern(QStringLiteral(
+        "\\s(?:at|on|from|by|see|bei|auf|unter|von|sur|en|de|su|da|op|van|em|na|z|på|från|fra)$"));
+    if (i == 0 || lines[i].startsBlock) {
+        return false;
+    }
+    return behindWords.match(lines[i].text).hasMatch() ||
+           (alone.match(lines[i].text).hasMatch() && openEnd.match(lines[i - 1].text).hasMatch());
+}
+
+} // namespace
+
 QList<TextLine> PageFurniture::removed(const QList<TextLine>& lines)
 {
     const Margins margin = margins(lines);
@@ -264,7 +287,7 @@ QList<TextLine> PageFurniture::removed(const QList<TextLine>& lines)
                                  (i + 1 == lines.size() || lines[i + 1].page != line.page || i == 0 ||
                                   lines[i - 1].page != line.page || isAtFoot(line));
         if (line.text.isEmpty() || recurs || numbersPage || isLoneFoot(lines, i) || isPageName(lines, i) ||
-            isFurniture(line.text) || repeatsSite(line)) {
+            (isFurniture(line.text) && !isAddressInText(lines, i)) || repeatsSite(line)) {
             continue;
         }
         line.startsBlock = startsBlock;

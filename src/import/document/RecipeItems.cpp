@@ -142,7 +142,7 @@ QString RecipeItems::joined(const QString& text, const QString& next)
     if (conjunctions.contains(next.section(u' ', 0, 0).toLower())) {
         return text + u' ' + next;
     }
-    if (!next.front().isLower() || keepsHyphen.contains(left) || left.contains(u'-')) {
+    if (!next.front().isLower() || keepsHyphen.contains(left) || left.contains(u'-') || left.contains(u'/')) {
         return text + next;
     }
     return text.chopped(1) + next;
@@ -190,6 +190,9 @@ public:
                 ++(m_flow.hadRoom(i) ? lowerEntries : rests);
             }
         }
+        const auto blocks =
+            std::count_if(lines.begin(), lines.end(), [](const TextLine& line) { return line.startsBlock; });
+        m_isScattered = blocks * 3 > lines.size() * 2;
         m_isSpaced = starts >= 3 && apart * 10 >= starts * 8;
         m_isAmountList = starts * 10 >= (lines.size() - rests) * 7;
         m_hasRests = rests > 2 * lowerEntries && (rests > 1 || lowerEntries == 0);
@@ -252,7 +255,7 @@ public:
                             RecipeWords::connectors().contains(lastWord(previous)) ||
                             (isCount(lastWord(previous)) && !room);
         if (verdict == LineFlow::Verdict::Continues) {
-            return !room || runsOn || !opensWithAmount(text);
+            return runsOn || ((!room || !opensWithAmount(text)) && !(m_isScattered && line.startsBlock));
         }
         if (verdict == LineFlow::Verdict::Begins) {
             return hasOpenBracket(entry) && !room && !line.startsBlock;
@@ -368,6 +371,8 @@ private:
     double m_fullWidth;
     bool m_isBulleted;
     bool m_isSpaced = false;
+    /// Most lines were read with something else between them, as rows of a table may be.
+    bool m_isScattered = false;
     bool m_isAmountList = false;
     bool m_isLowerCase = false;
     /// More lines in lower case follow full lines, as rests do, than short ones.

@@ -2,11 +2,13 @@
 
 #include "import/document/IngredientSearch.h"
 #include "import/document/LineShape.h"
-#include "import/document/PageMeasure.h"
+#include "import/document/MethodEnd.h"
+#include "import/document/RecipeFacts.h"
 #include "import/document/RecipeSections.h"
 
+#include <QtCore/QRegularExpression>
+
 #include <algorithm>
-#include <vector>
 
 namespace ovrin {
 
@@ -177,73 +179,6 @@ RecipeOutline firstRecipe(const QList<Section>& all)
     return result;
 }
 
-/// Whether line `i` heads something in larger type than the step on line `step` has, or in smaller type a
-/// text that is smaller too.
-bool headsOtherText(const QList<TextLine>& lines, qsizetype i, qsizetype step)
-{
-    constexpr double largerType = 1.08;
-    constexpr double smallerType = 0.96;
-    const double height = lines[step].relativeHeight;
-    const bool isSmall = i + 1 < lines.size() && lines[i].relativeHeight < smallerType * height &&
-                         lines[i + 1].relativeHeight < smallerType * height;
-    return lines[i].startsBlock && (isSmall || lines[i].relativeHeight > largerType * height) &&
-           looksLikeTitle(lines[i]) && !LineShape::counted(lines[i].text);
-}
-
-/// Whether line `i` stands further below the one before than any paragraph does.
-bool isFarBelow(const QList<TextLine>& lines, qsizetype i)
-{
-    constexpr double widestGap = 3;
-    const QRectF& above = lines[i - 1].place;
-    return !above.isNull() && lines[i].page == lines[i - 1].page &&
-           lines[i].place.top() - above.bottom() > widestGap * above.height();
-}
-
-/// Where a numbered method has ended: text that stands apart behind its last step. On a page of two columns
-/// this is what spans them, read last though it may stand above.
-qsizetype methodEnd(const QList<TextLine>& lines)
-{
-    int expected = 1;
-    qsizetype last = 0;
-    for (qsizetype i = 0; i < lines.size(); ++i) {
-        const auto number = LineShape::counted(lines[i].text);
-        if (number && number->number == expected) {
-            ++expected;
-            last = i;
-        }
-    }
-    if (expected <= 2) {
-        return lines.size();
-    }
-    for (qsizetype i = last + 1; i < lines.size(); ++i) {
-        const bool isElsewhere = lines[i].startsBlock && lines[i].page == lines[i - 1].page &&
-                                 mayHaveJumped(lines, i) && !LineShape::counted(lines[i].text);
-        if (LineShape::endsSentence(lines[i - 1].text) &&
-            (isElsewhere || headsOtherText(lines, i, last) || isFarBelow(lines, i))) {
-            return i;
-        }
-    }
-    return lines.size();
-}
-
-/// Where behind the last step smaller type begins: an introduction or a note at the page's foot.
-qsizetype smallTypeBegin(const QList<TextLine>& lines, double smaller)
-{
-    std::vector<double> heights;
-    for (const TextLine& line : lines) {
-        heights.push_back(line.relativeHeight);
-    }
-    if (heights.empty()) {
-        return 0;
-    }
-    const double small = smaller * medianOf(std::move(heights));
-    qsizetype begin = lines.size();
-    while (begin > 0 && lines[begin - 1].relativeHeight < small) {
-        --begin;
-    }
-    return begin;
-}
-
 /// Directions without a heading: behind the list, or above it, as beside a list at the page's edge.
 void findDirections(RecipeOutline& result)
 {
@@ -314,15 +249,54 @@ RecipeOutline wholeOutline(const QList<TextLine>& lines)
 
 } // namespace
 
+namespace {
+
+/// Whether line `i` and the one behind it are facts, or their labels and values one by one.
+bool areFacts(const QList<TextLine>& lines, qsizetype i)
+{
+    const auto isPart = [&](qsizetype k) {
+        static const QRegularExpression count(QStringLiteral("^\\d{1,2}$"));
+        const QString& text = lines[k].text;
+        return RecipeFacts::isBareLabel(text) || RecipeFacts::isDuration(text) ||
+               count.match(text).hasMatch();
+    };
+    const bool hasTime = RecipeFacts::isDuration(lines[i].text) || RecipeFacts::isBareLabel(lines[i].text);
+    return RecipeFacts::areSeveral(lines[i].text) || (hasTime && i + 1 < lines.size() && isPart(i + 1));
+}
+
+/// Where `lines` end in a row of facts about the recipe.
+qsizetype factsBegin(const QList<TextLine>& lines)
+{
+    constexpr qsizetype mostLines = 12;
+    for (qsizetype i = std::max<qsizetype>(1, lines.size() - mostLines); i < lines.size(); ++i) {
+        const bool mayBegin = lines[i].startsBlock || LineShape::endsSentence(lines[i - 1].text) ||
+                              !LineShape::isProse(lines[i - 1].text);
+        const bool goesOn = std::any_of(lines.begin() + i, lines.end(), [](const TextLine& line) {
+            return (LineShape::numbered(line.text) && LineShape::isProse(line.text)) ||
+                   (LineShape::startsWithMeasure(line.text) && !RecipeFacts::isDuration(line.text));
+        });
+        if (mayBegin && !goesOn && areFacts(lines, i)) {
+            return i;
+        }
+    }
+    return lines.size();
+}
+
+/// Cuts `part` off before line `end`; the rest goes to the head.
+void endAt(qsizetype end, QList<TextLine>& part, QList<TextLine>& head)
+{
+    head += part.sliced(end);
+    part = part.first(end);
+}
+
+} // namespace
+
 RecipeOutline outline(const QList<TextLine>& lines)
 {
     RecipeOutline result = wholeOutline(lines);
-    qsizetype end = methodEnd(result.directions);
-    // Where the steps are not counted, a little smaller is enough.
-    const bool isNumbered = IngredientSearch(result.directions).hasNumberedSteps();
-    end = std::min(end, smallTypeBegin(result.directions, isNumbered ? 0.75 : 0.92));
-    result.head += result.directions.sliced(end);
-    result.directions = result.directions.first(end);
+    endAt(methodEnd(result.directions), result.directions, result.head);
+    endAt(factsBegin(result.directions), result.directions, result.head);
+    endAt(factsBegin(result.ingredients), result.ingredients, result.head);
     return result;
 }
 

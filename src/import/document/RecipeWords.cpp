@@ -21,7 +21,7 @@ const QStringList& RecipeWords::ingredientHeadings()
 {
     static const QStringList words =
         listed(u"ingredients|ingredient list|what you’ll need|what you'll need|what you need|you will need|"
-               u"you’ll need|you'll need|shopping list|"
+               u"you’ll need|you'll need|shopping list|for the recipe|for this recipe|"
                u"zutaten|zutatenliste|das brauchst du|das brauchen sie|du brauchst|man nehme|"
                u"ingrédients|les ingrédients|liste des ingrédients|il vous faut|il faut|"
                u"ingredientes|los ingredientes|necesitas|vas a necesitar|lista de ingredientes|"
@@ -86,7 +86,7 @@ const QStringList& RecipeWords::otherHeadings()
         u"bom saber|conservação|dicas|dica|informação nutricional|informações nutricionais|comentários|"
         u"utensílios|você também pode gostar|"
         u"warto wiedzieć|przechowywanie|uwagi|wskazówki|wskazówka|porady|wartości odżywcze|komentarze|"
-        u"notatki|sprzęt|"
+        u"notatki|sprzęt|może ci też zasmakować|może ci się spodobać|zobacz też|"
         u"bra att veta|förvaring|noteringar|anteckningar|näringsvärde|näringsinnehåll|kommentarer|"
         u"utrustning|"
         u"godt at vide|opbevaring|noter|næringsindhold|udstyr|du vil måske også kunne lide");

@@ -1,5 +1,6 @@
 #include "helpers/document-reader/document/LineAssembly.h"
 #include "helpers/document-reader/document/TypeSize.h"
+#include "helpers/document-reader/document/WordRows.h"
 
 #include "reader/DocumentMessage.h"
 
@@ -165,4 +166,33 @@ TEST(TypeSize, TellsSizesApartThatAFontGivesOneHeight)
     words = withTrueHeights(std::move(words));
     EXPECT_GT(words[0].box.height(), 3 * words[2].box.height());
     EXPECT_EQ(words[0].box.height(), words[1].box.height());
+}
+
+TEST(WordRows, PartsTheLinesBesideATallNumber)
+{
+    const auto word = [](const char* text, double x, double y, double height, qsizetype next) {
+        return Word{QString::fromUtf8(text), {x, y, 20, height}, false, next};
+    };
+    struct
+    {
+        std::vector<Word> words;
+        std::vector<qsizetype> next;
+    } const cases[] = {
+        // A number beside "If you" above "wax paper", mixed from left to right.
+        {{word("21", 0, 0, 36, 1), word("If", 30, 10, 15, 2), word("wax", 30, 25, 15, 3),
+          word("you", 52, 10, 15, 4), word("paper", 53, 25, 15, -1)},
+         {1, 3, 4, -1, -1}},
+        // Boxes as tall as two lines.
+        {{word("cloves", 0, 0, 28, 1), word("crushed", 10, 14, 28, -1)}, {-1, -1}},
+        // One line: a title beside a small label, and a raised figure.
+        {{word("SOUP", 0, 0, 30, 1), word("for", 30, 12, 12, 2), word("two", 52, 12, 12, -1)}, {1, 2, -1}},
+        {{word("salt", 0, 10, 12, 1), word("1", 22, 8, 8, 2), word("to", 30, 10, 12, -1)}, {1, 2, -1}},
+    };
+    for (const auto& line : cases) {
+        std::vector<qsizetype> next;
+        for (const Word& one : withRowsApart(line.words)) {
+            next.push_back(one.next);
+        }
+        EXPECT_EQ(next, line.next) << line.words.front().text.toStdString();
+    }
 }

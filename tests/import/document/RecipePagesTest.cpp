@@ -53,6 +53,62 @@ INSTANTIATE_TEST_SUITE_P(Pages, RecipesOnPages, testing::Values(
         "3 Pour in the stock. Serve.\n",
         "2 carrots/1 l stock/Oil",
         "Heat the oil in a large pot./Add the carrots and let them simmer./Pour in the stock. Serve."},
+    RecipePage{"RemarkBelowNumberedSteps",
+        "Soup\n"
+        "Ingredients\n"
+        "2 leeks\n"
+        "1 l stock\n"
+        "Method\n"
+        "1. Heat the oil in a large pot and add\n"
+        "the leeks.\n"
+        "\n"
+        "2. Pour in the stock.\n"
+        "\n"
+        "3. Serve at once, with bread.\n"
+        "\n"
+        "Read it all once before you begin.\n",
+        "2 leeks/1 l stock",
+        "Heat the oil in a large pot and add the leeks./Pour in the stock./Serve at once, with bread."},
+    RecipePage{"FactsAndAFormBelowTheMethod",
+        "Soup\n"
+        "Ingredients\n"
+        "2 leeks\n"
+        "1 l stock\n"
+        "Method\n"
+        "Heat the oil in a large pot and add the leeks.\n"
+        "Pour in the stock, and serve at once.\n"
+        "Prep time: 10 min | Cook time: 20 min | Serves: 4\n"
+        "\n"
+        "A letter every week, with one recipe.\n"
+        "Your address: ____________\n",
+        "2 leeks/1 l stock",
+        "Heat the oil in a large pot and add the leeks./Pour in the stock, and serve at once."},
+    RecipePage{"LabelsAndTimesBelowTheList",
+        "Soup\n"
+        "Ingredients\n"
+        "2 leeks\n"
+        "1 l stock\n"
+        "Prep time\n"
+        "10 min\n"
+        "Cook time\n"
+        "20 min\n"
+        "Method\n"
+        "Heat the oil in a large pot and add the leeks.\n"
+        "Pour in the stock, and serve at once.\n",
+        "2 leeks/1 l stock",
+        "Heat the oil in a large pot and add the leeks./Pour in the stock, and serve at once."},
+    RecipePage{"AddressInTheMiddleOfASentence",
+        "Soup\n"
+        "Ingredients\n"
+        "2 leeks\n"
+        "1 l stock\n"
+        "Method\n"
+        "Boil the leeks in the stock, and serve them with bread. More is at\n"
+        "https://www.leeks.example/bread\n"
+        "\n"
+        "https://www.soups.example/17\n",
+        "2 leeks/1 l stock",
+        "Boil the leeks in the stock, and serve them with bread. More is at https://www.leeks.example/bread"},
     RecipePage{"MethodsHeadingAboveThatOfTheListBesideIt",
         "Soup\n"
         "\n"

@@ -3,6 +3,7 @@
 #include "helpers/document-reader/document/DrawingOrder.h"
 #include "helpers/document-reader/document/LineAssembly.h"
 #include "helpers/document-reader/document/TypeSize.h"
+#include "helpers/document-reader/document/WordRows.h"
 
 #include <poppler-qt6.h>
 
@@ -168,7 +169,7 @@ QList<reader::PageLine> linesOf(const Poppler::Document& document, int index, co
     if (size.isEmpty()) {
         return {};
     }
-    std::vector<Word> words = wordsOf(*page);
+    std::vector<Word> words = withRowsApart(wordsOf(*page));
     if (hasDrawnGlyphs(document, index)) {
         words = withTrueHeights(std::move(words));
     }
