@@ -70,6 +70,26 @@ QList<TextLine> firstWhole(const QList<TextLine>& lines)
     return lines;
 }
 
+/// Where nothing looks like a list, numbered steps still are the method, and what stands between them and the
+/// last line of the head is the list.
+RecipeOutline aboveNumberedSteps(const QList<TextLine>& lines)
+{
+    const IngredientSearch search(lines);
+    const qsizetype method = search.hasNumberedSteps() ? search.directionsBegin(0) : lines.size();
+    const auto isHead = [&](qsizetype i) {
+        constexpr double listed = 0.5;
+        const QString& text = lines[i].text;
+        const bool isIntroduction = LineShape::isProse(text) && LineShape::endsSentence(text) &&
+                                    LineShape::ingredientLikeness(text) < listed;
+        return i == 0 || isLargeType(lines[i]) || isIntroduction || RecipeFacts::isFact(text);
+    };
+    qsizetype list = method;
+    while (method < lines.size() && list > 0 && !isHead(list - 1)) {
+        --list;
+    }
+    return {lines.first(list), lines.sliced(list, method - list), lines.sliced(method)};
+}
+
 RecipeOutline withoutHeadings(const QList<TextLine>& lines)
 {
     RecipeOutline result;
@@ -83,8 +103,7 @@ RecipeOutline withoutHeadings(const QList<TextLine>& lines)
     const IngredientSearch search(own);
     LineRange list = search.list();
     if (list.isEmpty()) {
-        result.head = own;
-        return result;
+        return aboveNumberedSteps(own);
     }
     // Whatever it looks like, the first line names the recipe where it stands apart from the list.
     constexpr double largerType = 1.05;
@@ -282,10 +301,45 @@ qsizetype factsBegin(const QList<TextLine>& lines)
     return lines.size();
 }
 
-/// Cuts `part` off before line `end`; the rest goes to the head.
-void endAt(qsizetype end, QList<TextLine>& part, QList<TextLine>& head)
+/// How far `lines` are counted up in front.
+int lastNumber(const QList<TextLine>& lines)
 {
-    head += part.sliced(end);
+    int last = 0;
+    for (const TextLine& line : lines) {
+        const auto number = LineShape::counted(line.text);
+        last += number && number->number == last + 1 ? 1 : 0;
+    }
+    return last;
+}
+
+/// Where, in a list, steps begin that count on from `last`, at least three of them: the end of a method that
+/// was read with the list beside it.
+qsizetype stepsCountedOn(const QList<TextLine>& list, int last)
+{
+    constexpr int leastSteps = 3;
+    qsizetype first = list.size();
+    int found = 0;
+    int certain = 0;
+    for (qsizetype i = 0; i < list.size() && last > 0; ++i) {
+        const auto number = LineShape::counted(list[i].text);
+        if (!number || number->number != last + found + 1) {
+            continue;
+        }
+        constexpr qsizetype leastSpaces = 4;
+        const bool isStep = LineShape::isProse(number->rest) || LineShape::startsWithVerb(number->rest);
+        if (found > 0 || isStep || number->rest.count(u' ') >= leastSpaces) {
+            first = found == 0 ? i : first;
+            ++found;
+            certain += isStep ? 1 : 0;
+        }
+    }
+    return found >= leastSteps && certain * 2 > found ? first : list.size();
+}
+
+/// Cuts `part` off before line `end`; the rest goes behind `other`.
+void endAt(qsizetype end, QList<TextLine>& part, QList<TextLine>& other)
+{
+    other += part.sliced(end);
     part = part.first(end);
 }
 
@@ -294,6 +348,8 @@ void endAt(qsizetype end, QList<TextLine>& part, QList<TextLine>& head)
 RecipeOutline outline(const QList<TextLine>& lines)
 {
     RecipeOutline result = wholeOutline(lines);
+    endAt(stepsCountedOn(result.ingredients, lastNumber(result.directions)), result.ingredients,
+          result.directions);
     endAt(methodEnd(result.directions), result.directions, result.head);
     endAt(factsBegin(result.directions), result.directions, result.head);
     endAt(factsBegin(result.ingredients), result.ingredients, result.head);

@@ -53,6 +53,33 @@ INSTANTIATE_TEST_SUITE_P(Pages, RecipesOnPages, testing::Values(
         "3 Pour in the stock. Serve.\n",
         "2 carrots/1 l stock/Oil",
         "Heat the oil in a large pot./Add the carrots and let them simmer./Pour in the stock. Serve."},
+    RecipePage{"NumberedStepsBelowWhatIsLikeNoList",
+        "Parmesan potatoes\n"
+        "By Ada\n"
+        "You can have this as a side dish, or for breakfast.\n"
+        "Butter\n"
+        "Parmesan cheese\n"
+        "Rosemary; dried should be fine, but fresh is obviously better\n"
+        "\n"
+        "1. Cut the potatoes into small cubes.\n"
+        "2. Fry them in the butter for about 20 minutes.\n"
+        "3. Add the cheese, and serve at once.\n",
+        "Butter/Parmesan cheese/Rosemary; dried should be fine, but fresh is obviously better",
+        "Cut the potatoes into small cubes./Fry them in the butter for about 20 minutes./"
+        "Add the cheese, and serve at once."},
+    RecipePage{"ListReadInTheMiddleOfTheSteps",
+        "Soup\n"
+        "Method\n"
+        "1 Heat the oil in a large pot.\n"
+        "Ingredients\n"
+        "2 leeks\n"
+        "1 l stock\n"
+        "2 Add the leeks and let them soften.\n"
+        "3 Pour in the stock and let it boil.\n"
+        "4 Serve the soup at once, with bread.\n",
+        "2 leeks/1 l stock",
+        "Heat the oil in a large pot./Add the leeks and let them soften./Pour in the stock and let it boil./"
+        "Serve the soup at once, with bread."},
     RecipePage{"RemarkBelowNumberedSteps",
         "Soup\n"
         "Ingredients\n"
