@@ -30,6 +30,11 @@ double widestTight(std::vector<double> gaps)
     return gaps.front() + sameGap;
 }
 
+bool hasAmountOrBullet(const QString& text)
+{
+    return LineShape::startsWithAmount(text) || LineShape::hasBullet(text);
+}
+
 bool isMost(qsizetype some, qsizetype all)
 {
     return all > 0 && some * 5 >= all * 4;
@@ -298,7 +303,7 @@ double LineFlow::gap(qsizetype i) const
 LineFlow::Verdict LineFlow::look(qsizetype i) const
 {
     const QString& text = m_lines[i].text;
-    if (LineShape::startsWithAmount(text) || LineShape::hasBullet(text) || !followsLongLine(i)) {
+    if (hasAmountOrBullet(text) || !followsLongLine(i)) {
         return Verdict::Begins;
     }
     return text.front().isLower() || text.front() == u'(' ? Verdict::Continues : Verdict::Unknown;
@@ -321,25 +326,25 @@ std::optional<double> LineFlow::partingGap() const
         }
     }
     std::sort(gaps.begin(), gaps.end(), [](const Gap& a, const Gap& b) { return a.size < b.size; });
-    const auto count = [&](std::size_t begin, std::size_t end, Verdict verdict) {
-        return std::count_if(gaps.begin() + static_cast<std::ptrdiff_t>(begin),
-                             gaps.begin() + static_cast<std::ptrdiff_t>(end),
-                             [&](const Gap& gap) { return gap.look == verdict; });
+    // Below it there must be no entry, and above it no rest.
+    constexpr std::ptrdiff_t leastSigns = 6;
+    const auto count = [](auto begin, auto end, Verdict verdict) {
+        return std::count_if(begin, end, [&](const Gap& gap) { return gap.look == verdict; });
     };
     std::optional<double> best;
-    std::ptrdiff_t most = 0;
-    for (std::size_t k = 1; k < gaps.size(); ++k) {
-        if (gaps[k].size - gaps[k - 1].size < leastStep) {
+    std::ptrdiff_t most = leastSigns - 1;
+    for (auto wide = gaps.begin(); wide != gaps.end(); ++wide) {
+        const auto tight = wide == gaps.begin() ? wide : wide - 1;
+        if (wide->size - tight->size < leastStep) {
             continue;
         }
-        const auto rests = count(0, k, Verdict::Continues);
-        const auto entries = count(0, k, Verdict::Begins);
-        const auto wideRests = count(k, gaps.size(), Verdict::Continues);
-        const auto wideEntries = count(k, gaps.size(), Verdict::Begins);
-        const auto right = rests - 2 * entries + wideEntries - 2 * wideRests;
-        if (rests > 0 && entries == 0 && wideRests == 0 && rests + wideEntries > 5 && right > most) {
-            most = right;
-            best = 0.5 * (gaps[k].size + gaps[k - 1].size);
+        const auto rests = count(gaps.begin(), wide, Verdict::Continues);
+        const auto entries = count(wide, gaps.end(), Verdict::Begins);
+        const bool isClean = count(gaps.begin(), wide, Verdict::Begins) == 0 &&
+                             count(wide, gaps.end(), Verdict::Continues) == 0;
+        if (isClean && rests > 0 && rests + entries > most) {
+            most = rests + entries;
+            best = 0.5 * (wide->size + tight->size);
         }
     }
     return best;
@@ -384,8 +389,7 @@ bool LineFlow::judgeByClearGaps()
         if (gap(i) < limit) {
             ++tightCount;
             tightBehindFull += followsLongLine(i) ? 1 : 0;
-            const QString& text = m_lines[i].text;
-            tightEntries += LineShape::startsWithAmount(text) || LineShape::hasBullet(text) ? 1 : 0;
+            tightEntries += hasAmountOrBullet(m_lines[i].text) ? 1 : 0;
         } else {
             ++wideCount;
             wideRests += look(i) == Verdict::Continues ? 1 : 0;

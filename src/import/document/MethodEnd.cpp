@@ -3,6 +3,7 @@
 #include "import/document/IngredientSearch.h"
 #include "import/document/LineShape.h"
 #include "import/document/PageMeasure.h"
+#include "import/document/StepNumbers.h"
 
 #include <algorithm>
 #include <optional>
@@ -34,19 +35,6 @@ bool isFarBelow(const QList<TextLine>& lines, qsizetype i)
            lines[i].place.top() - above.bottom() > widestGap * above.height();
 }
 
-/// The lines that number steps, in the order of their count.
-std::vector<qsizetype> numberedLines(const QList<TextLine>& lines)
-{
-    std::vector<qsizetype> numbered;
-    for (qsizetype i = 0; i < lines.size(); ++i) {
-        const auto number = LineShape::counted(lines[i].text);
-        if (number && number->number == static_cast<int>(numbered.size()) + 1) {
-            numbered.push_back(i);
-        }
-    }
-    return numbered;
-}
-
 /// How far line `i` stands below the one before, in its height; nothing where it stands elsewhere.
 std::optional<double> gapAbove(const QList<TextLine>& lines, qsizetype i)
 {
@@ -57,51 +45,77 @@ std::optional<double> gapAbove(const QList<TextLine>& lines, qsizetype i)
                    : std::nullopt;
 }
 
-/// Whether line `i`, behind the last number, begins a paragraph as only numbers do above it: by the blank
-/// space, or out of the edge that the rests of steps keep.
-bool isOutsideSteps(const QList<TextLine>& lines, const std::vector<qsizetype>& numbered, qsizetype i)
+/// The blank spaces of a numbered method, as far as it was looked at.
+class StepGaps
 {
-    constexpr std::size_t leastSteps = 3;
-    constexpr double sameGap = 0.12;
-    const std::optional<double> gap = gapAbove(lines, i);
-    // Numbers that follow each other stand in a column of their own, beside their steps.
-    const bool areAlone = std::adjacent_find(numbered.begin(), numbered.end(), [&](qsizetype a, qsizetype b) {
-                              return b == a + 1 && LineShape::counted(lines[a].text)->rest.isEmpty();
-                          }) != numbered.end();
-    if (!gap || areAlone || numbered.size() < leastSteps || LineShape::counted(lines[i].text)) {
-        return false;
-    }
-    double leastAboveNumber = 1e9;
-    double mostInside = -1e9;
-    for (qsizetype k = numbered.front() + 1; k < i; ++k) {
-        const bool isNumbered = std::find(numbered.begin(), numbered.end(), k) != numbered.end();
-        const std::optional<double> own = gapAbove(lines, k);
-        if (own && isNumbered) {
-            leastAboveNumber = std::min(leastAboveNumber, *own);
-        } else if (own) {
-            mostInside = std::max(mostInside, *own);
+public:
+    /// `numbered` are the lines that number its steps.
+    StepGaps(const QList<TextLine>& lines, const std::vector<qsizetype>& numbered)
+        : m_lines(lines)
+    {
+        constexpr std::size_t leastSteps = 3;
+        // Numbers that follow each other stand in a column of their own, beside their steps.
+        const auto isAlone = [&](qsizetype a, qsizetype b) {
+            return b == a + 1 && LineShape::counted(lines[a].text)->rest.isEmpty();
+        };
+        m_isKnown = numbered.size() >= leastSteps &&
+                    std::adjacent_find(numbered.begin(), numbered.end(), isAlone) == numbered.end();
+        auto number = numbered.begin() + 1;
+        for (qsizetype i = numbered.front() + 1; i <= numbered.back(); ++i) {
+            const bool isNumbered = i == *number;
+            number += isNumbered ? 1 : 0;
+            add(i, isNumbered);
         }
     }
-    return leastAboveNumber - mostInside > sameGap && *gap > leastAboveNumber - 0.5 * sameGap;
-}
+
+    /// Takes line `i`, the next one, for one inside a step.
+    void addInside(qsizetype i) { add(i, false); }
+
+    /// Whether line `i`, without a number, stands off as only numbers do above it.
+    bool isAsAboveNumber(qsizetype i) const
+    {
+        const std::optional<double> gap = gapAbove(m_lines, i);
+        return m_isKnown && gap && m_leastAboveNumber - m_mostInside > sameGap &&
+               *gap > m_leastAboveNumber - 0.5 * sameGap && !LineShape::counted(m_lines[i].text);
+    }
+
+private:
+    static constexpr double sameGap = 0.12;
+
+    void add(qsizetype i, bool isNumbered)
+    {
+        const std::optional<double> gap = gapAbove(m_lines, i);
+        if (gap && isNumbered) {
+            m_leastAboveNumber = std::min(m_leastAboveNumber, *gap);
+        } else if (gap) {
+            m_mostInside = std::max(m_mostInside, *gap);
+        }
+    }
+
+    const QList<TextLine>& m_lines;
+    bool m_isKnown = false;
+    double m_leastAboveNumber = 1e9;
+    double m_mostInside = -1e9;
+};
 
 /// Where a numbered method has ended: text that stands apart behind its last step. On a page of two columns
 /// this is what spans them, read last though it may stand above.
 qsizetype endOfNumbered(const QList<TextLine>& lines)
 {
-    const std::vector<qsizetype> numbered = numberedLines(lines);
+    const std::vector<qsizetype> numbered = countedLines(lines);
     if (numbered.size() < 2) {
         return lines.size();
     }
     const qsizetype last = numbered.back();
+    StepGaps gaps(lines, numbered);
     for (qsizetype i = last + 1; i < lines.size(); ++i) {
         const bool isElsewhere = lines[i].startsBlock && lines[i].page == lines[i - 1].page &&
                                  mayHaveJumped(lines, i) && !LineShape::counted(lines[i].text);
-        if (LineShape::endsSentence(lines[i - 1].text) &&
-            (isElsewhere || headsOtherText(lines, i, last) || isFarBelow(lines, i) ||
-             isOutsideSteps(lines, numbered, i))) {
+        if (LineShape::endsSentence(lines[i - 1].text) && (isElsewhere || headsOtherText(lines, i, last) ||
+                                                           isFarBelow(lines, i) || gaps.isAsAboveNumber(i))) {
             return i;
         }
+        gaps.addInside(i);
     }
     return lines.size();
 }

@@ -11,7 +11,6 @@
 #include <QtCore/QSet>
 
 #include <algorithm>
-#include <cmath>
 
 namespace ovrin {
 
@@ -289,8 +288,7 @@ public:
         if (m_hasCapitalRests && !room && LineShape::startsWithAmount(entry) && mayBeCapitalRest(i)) {
             return true;
         }
-        if (!m_mayWrap || isPantryItem(text) ||
-            RecipeWords::amountWords().contains(text.section(u' ', 0, 0).toLower())) {
+        if (!m_mayWrap || isPantryItem(text) || opensWithAmount(text)) {
             return false;
         }
         const bool open = previous.endsWith(u',') || text.front().isLower();
@@ -333,8 +331,7 @@ private:
         constexpr qsizetype mostSpaces = 3;
         const QString& text = m_lines[i].text;
         return text.front().isUpper() && text.count(u' ') <= mostSpaces && !isPantryItem(text) &&
-               !m_lines[i - 1].text.endsWith(u')') &&
-               !RecipeWords::amountWords().contains(text.section(u' ', 0, 0).toLower());
+               !m_lines[i - 1].text.endsWith(u')') && !opensWithAmount(text);
     }
 
     /// Whether lines that begin with a capital mostly follow full lines, where the lines in front of an

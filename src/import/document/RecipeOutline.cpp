@@ -5,6 +5,7 @@
 #include "import/document/MethodEnd.h"
 #include "import/document/RecipeFacts.h"
 #include "import/document/RecipeSections.h"
+#include "import/document/StepNumbers.h"
 
 #include <QtCore/QRegularExpression>
 
@@ -87,7 +88,9 @@ RecipeOutline aboveNumberedSteps(const QList<TextLine>& lines)
     while (method < lines.size() && list > 0 && !isHead(list - 1)) {
         --list;
     }
-    return {lines.first(list), lines.sliced(list, method - list), lines.sliced(method)};
+    return {.head = lines.first(list),
+            .ingredients = lines.sliced(list, method - list),
+            .directions = lines.sliced(method)};
 }
 
 RecipeOutline withoutHeadings(const QList<TextLine>& lines)
@@ -103,6 +106,7 @@ RecipeOutline withoutHeadings(const QList<TextLine>& lines)
     const IngredientSearch search(own);
     LineRange list = search.list();
     if (list.isEmpty()) {
+        // Only a list shows that another recipe follows: these are all lines.
         return aboveNumberedSteps(own);
     }
     // Whatever it looks like, the first line names the recipe where it stands apart from the list.
@@ -266,21 +270,18 @@ RecipeOutline wholeOutline(const QList<TextLine>& lines)
     return result;
 }
 
-} // namespace
-
-namespace {
-
 /// Whether line `i` and the one behind it are facts, or their labels and values one by one.
 bool areFacts(const QList<TextLine>& lines, qsizetype i)
 {
-    const auto isPart = [&](qsizetype k) {
-        static const QRegularExpression count(QStringLiteral("^\\d{1,2}$"));
-        const QString& text = lines[k].text;
-        return RecipeFacts::isBareLabel(text) || RecipeFacts::isDuration(text) ||
-               count.match(text).hasMatch();
+    static const QRegularExpression count(QStringLiteral("^\\d{1,2}$"));
+    const auto isTimeOrLabel = [](const QString& text) {
+        return RecipeFacts::isBareLabel(text) || RecipeFacts::isDuration(text);
     };
-    const bool hasTime = RecipeFacts::isDuration(lines[i].text) || RecipeFacts::isBareLabel(lines[i].text);
-    return RecipeFacts::areSeveral(lines[i].text) || (hasTime && i + 1 < lines.size() && isPart(i + 1));
+    if (RecipeFacts::areSeveral(lines[i].text)) {
+        return true;
+    }
+    return i + 1 < lines.size() && isTimeOrLabel(lines[i].text) &&
+           (isTimeOrLabel(lines[i + 1].text) || count.match(lines[i + 1].text).hasMatch());
 }
 
 /// Where `lines` end in a row of facts about the recipe.
@@ -299,17 +300,6 @@ qsizetype factsBegin(const QList<TextLine>& lines)
         }
     }
     return lines.size();
-}
-
-/// How far `lines` are counted up in front.
-int lastNumber(const QList<TextLine>& lines)
-{
-    int last = 0;
-    for (const TextLine& line : lines) {
-        const auto number = LineShape::counted(line.text);
-        last += number && number->number == last + 1 ? 1 : 0;
-    }
-    return last;
 }
 
 /// Where, in a list, steps begin that count on from `last`, at least three of them: the end of a method that
@@ -348,8 +338,8 @@ void endAt(qsizetype end, QList<TextLine>& part, QList<TextLine>& other)
 RecipeOutline outline(const QList<TextLine>& lines)
 {
     RecipeOutline result = wholeOutline(lines);
-    endAt(stepsCountedOn(result.ingredients, lastNumber(result.directions)), result.ingredients,
-          result.directions);
+    const int last = static_cast<int>(countedLines(result.directions).size());
+    endAt(stepsCountedOn(result.ingredients, last), result.ingredients, result.directions);
     endAt(methodEnd(result.directions), result.directions, result.head);
     endAt(factsBegin(result.directions), result.directions, result.head);
     endAt(factsBegin(result.ingredients), result.ingredients, result.head);

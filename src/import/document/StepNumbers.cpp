@@ -92,4 +92,16 @@ std::vector<qsizetype> stepNumbers(const QList<TextLine>& lines)
     return counts ? best.lines : std::vector<qsizetype>();
 }
 
+std::vector<qsizetype> countedLines(const QList<TextLine>& lines)
+{
+    std::vector<qsizetype> counted;
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        const auto number = LineShape::counted(lines[i].text);
+        if (number && number->number == static_cast<int>(counted.size()) + 1) {
+            counted.push_back(i);
+        }
+    }
+    return counted;
+}
+
 } // namespace ovrin

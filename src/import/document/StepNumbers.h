@@ -10,4 +10,7 @@ namespace ovrin {
 /// numbered. Bare numbers that are amounts ("2 Eggs") are told from them by what follows each.
 std::vector<qsizetype> stepNumbers(const QList<TextLine>& lines);
 
+/// The lines whose numbers count up from 1, in order, amounts among them: where only directions are left.
+std::vector<qsizetype> countedLines(const QList<TextLine>& lines);
+
 } // namespace ovrin
