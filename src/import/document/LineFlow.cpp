@@ -75,7 +75,7 @@ bool LineFlow::hadRoom(qsizetype i) const
     const TextLine& previous = m_lines[i - 1];
     const QString firstWord = line.text.section(u' ', 0, 0);
     if (isPlaced()) {
-        return fits(i, previous.columnRight);
+        return fits(i, limit(i - 1));
     }
     // The widths are estimates: a line counts as ended early only where the word would have fitted well.
     constexpr double slack = 0.94;
@@ -100,6 +100,31 @@ bool LineFlow::fits(qsizetype i, double columnRight) const
 bool LineFlow::followsLongLine(qsizetype i) const
 {
     return !fits(i, std::min(m_lines[i - 1].columnRight, m_reaches[static_cast<std::size_t>(i - 1)]));
+}
+
+/// How far to the right line `i` may reach.
+double LineFlow::limit(qsizetype i) const
+{
+    const double column = m_lines[i].columnRight;
+    return m_fillsReach ? std::min(column, m_reaches[static_cast<std::size_t>(i)]) : column;
+}
+
+/// Whether the lines are wrapped where the widest of them ends, though nothing stands beside them there: so
+/// that those that look like rests mostly follow lines that come near to it.
+bool LineFlow::areWrappedAtReach() const
+{
+    constexpr qsizetype leastRests = 3;
+    qsizetype behindFull = 0;
+    qsizetype behindShort = 0;
+    for (qsizetype i = 1; i < m_lines.size(); ++i) {
+        const QString& text = m_lines[i].text;
+        if (followsDown(i) && (text.front().isLower() || text.front() == u'(')) {
+            ++(followsLongLine(i) ? behindFull : behindShort);
+        }
+    }
+    if (m_lines.first().columnRight > 1)
+        return false;
+    return behindFull >= leastRests && behindFull > 2 * behindShort;
 }
 
 /// Whether line `i` stands below the one before, in the same column.
@@ -136,6 +161,7 @@ void LineFlow::measure()
         }
     }
     m_alignment = commonAlignment();
+    m_fillsReach = areWrappedAtReach();
 }
 
 LineFlow::Alignment LineFlow::commonAlignment() const
@@ -218,7 +244,7 @@ void LineFlow::judgeByHangingIndent()
     const bool mostlyRests = areMostlyRests();
     const auto hadMuchRoom = [&](qsizetype i) {
         constexpr double muchRoom = 6;
-        return fits(i, m_lines[i - 1].columnRight - muchRoom * m_letter);
+        return fits(i, limit(i - 1) - muchRoom * m_letter);
     };
     // So they are where the amounts are set to the right edge of their column.
     const auto isRest = [&](qsizetype i, double hang) {

@@ -37,6 +37,8 @@ private:
     Alignment commonAlignment() const;
     bool fits(qsizetype i, double columnRight) const;
     bool followsLongLine(qsizetype i) const;
+    double limit(qsizetype i) const;
+    bool areWrappedAtReach() const;
     std::optional<double> edgeOfRests() const;
     bool areMostlyRests() const;
     void measure();
@@ -57,6 +59,8 @@ private:
     /// Width of the widest line of the run that line `i` stands in.
     std::vector<double> m_widths;
     Alignment m_alignment = Alignment::Left;
+    /// Lines reach no further than the widest of their run.
+    bool m_fillsReach = false;
     /// Width of an average letter and height of a line, as parts of the page; 0 without places.
     double m_letter = 0;
     double m_height = 0;

@@ -20,7 +20,8 @@ class Page
 {
 public:
     explicit Page(const QList<TextLine>& lines)
-        : m_measure(PageMeasure::of(lines))
+        : m_lines(lines)
+        , m_measure(PageMeasure::of(lines))
         , m_headings(lines)
     {
     }
@@ -86,7 +87,37 @@ private:
         if (const auto cells = PageRows::inCells(lines, m_measure)) {
             return *cells;
         }
-        return PageRows::asColumn(PageRows::withAmountsJoined(std::move(lines), m_measure));
+        return widened(PageRows::asColumn(PageRows::withAmountsJoined(std::move(lines), m_measure)));
+    }
+
+    /// `column`, whose lines may reach as far as any on the page where nothing stands beside them and they
+    /// end well before that.
+    QList<TextLine> widened(QList<TextLine> column) const
+    {
+        constexpr double nearby = 3;
+        constexpr double leastRoom = 10;
+        if (column.isEmpty()) {
+            return column;
+        }
+        const double own = column.first().columnRight;
+        double top = 1;
+        double bottom = 0;
+        for (const TextLine& line : column) {
+            top = std::min(top, line.place.top());
+            bottom = std::max(bottom, line.place.bottom());
+        }
+        double right = own;
+        for (const TextLine& line : m_lines) {
+            if (line.place.left() > own && line.place.bottom() > top - nearby * m_measure.height &&
+                line.place.top() < bottom + nearby * m_measure.height) {
+                return column;
+            }
+            right = std::max(right, line.place.right());
+        }
+        for (TextLine& line : column) {
+            line.columnRight = right - own > leastRoom * m_measure.letter ? right : own;
+        }
+        return column;
     }
 
     /// The first line in large type that stands below all that is above it, apart from it: what follows is
@@ -111,6 +142,7 @@ private:
         return 0;
     }
 
+    const QList<TextLine>& m_lines;
     PageMeasure m_measure;
     PageHeadings m_headings;
 };

@@ -29,6 +29,13 @@ bool matchesAny(const QList<QRegularExpression>& forms, const QString& text)
                        [&](const QRegularExpression& form) { return form.match(text).hasMatch(); });
 }
 
+/// "Home › Recipes › Egg Soup"
+const QRegularExpression& wayThroughSite()
+{
+    static const QRegularExpression way = pattern(QStringLiteral("^\\S[^.]{0,40}\\s[›»>]\\s[^.]{0,60}$"));
+    return way;
+}
+
 /// "Save | Print | Share", "Save Print Share"
 bool isRowOfButtons(const QString& lower)
 {
@@ -210,8 +217,7 @@ bool PageFurniture::isFurniture(const QString& line)
         pattern(QStringLiteral("^[\\d,.]+ (?:reviews?|ratings?|votes?|shares?|likes?)$")),
         // A browser's print header: a date and a clock, then the page's title.
         pattern(QStringLiteral("^\\d{1,2}[./-]\\d{1,2}[./-]\\d{2,4},?\\s+\\d{1,2}:\\d{2}")),
-        // The way through a site.
-        pattern(QStringLiteral("^\\S[^.]{0,40}\\s[›»>]\\s[^.]{0,60}$")),
+        wayThroughSite(),
         pattern(
             QStringLiteral("^(?:skip to|jump to|subscribe|follow us|sign up|log in|advertisement|sponsored|"
                            "scroll down|continue reading|read more|click here|leave a (?:comment|review)|"
@@ -297,6 +303,36 @@ QList<TextLine> PageFurniture::removed(const QList<TextLine>& lines)
     return kept;
 }
 
+namespace {
+
+/// Whether a site's menu or the way through it stands right below line `i`, the page's first, and more in
+/// large type below that: then the line is the site's name.
+bool isAboveMenu(const QList<TextLine>& lines, qsizetype i)
+{
+    static const QRegularExpression entry = pattern(
+        QStringLiteral("\\b(?:home|start|startseite|accueil|inicio|início|recipes|rezepte|recettes|recetas|"
+                       "ricette|recepten|receitas|przepisy|recept|opskrifter|about|blog|shop|contact)\\b"));
+    constexpr qsizetype leastEntries = 2;
+    qsizetype entries = 0;
+    qsizetype end = i + 1;
+    for (; end < lines.size() && isRowOfButtons(lines[end].text.toLower()); ++end) {
+        auto matches = entry.globalMatch(lines[end].text);
+        for (; matches.hasNext(); matches.next()) {
+            ++entries;
+        }
+    }
+    const bool isMenu = entries >= leastEntries;
+    const bool isWay = i + 1 < lines.size() && wayThroughSite().match(lines[i + 1].text).hasMatch();
+    constexpr qsizetype nearby = 12;
+    const auto last = lines.begin() + std::min(lines.size(), end + nearby);
+    return (isMenu || isWay) && std::any_of(lines.begin() + end, last, [&](const TextLine& line) {
+               return line.page == lines[i].page && line.relativeHeight > 0.6 * lines[i].relativeHeight &&
+                      line.relativeHeight > 1;
+           });
+}
+
+} // namespace
+
 QStringList PageFurniture::siteNames(const QList<TextLine>& lines)
 {
     static const QRegularExpression address = pattern(QStringLiteral(
@@ -307,6 +343,9 @@ QStringList PageFurniture::siteNames(const QList<TextLine>& lines)
         QStringLiteral("^(?:©|\\(c\\)|copyright)\\s*(?:\\d{4}(?:[–-]\\d{4})?)?\\s*([\\p{L}][^.·|,]{2,40})"));
     static const QRegularExpression sign = pattern(QStringLiteral("[^\\p{L}\\p{N}]"));
     QStringList names;
+    if (!lines.isEmpty() && isAboveMenu(lines, 0)) {
+        names.append(lines.first().text.toLower().remove(sign));
+    }
     for (const TextLine& line : lines) {
         const auto match = address.match(line.text);
         if (match.hasMatch()) {

@@ -108,11 +108,13 @@ QList<TextBox> ordered(QList<TextBox> boxes, double typicalHeight)
     return sequence;
 }
 
-/// Text recognition reads the clock and portion icons in front of numbers as these signs.
+/// Text recognition reads the clock and portion icons in front of numbers as these signs; in front of a year
+/// one of them is its own.
 QString withoutIcons(QString text)
 {
-    static const QRegularExpression icons(QStringLiteral("[\u00a9\u00ae\u2299\u25f7\u23f1\u23f2]\\s*(?=\\d)"),
-                                          QRegularExpression::UseUnicodePropertiesOption);
+    static const QRegularExpression icons(
+        QStringLiteral("[\u00a9\u00ae\u2299\u25f7\u23f1\u23f2]\\s*(?=\\d)(?!(?:19|20)\\d\\d\\b)"),
+        QRegularExpression::UseUnicodePropertiesOption);
     return text.remove(icons);
 }
 

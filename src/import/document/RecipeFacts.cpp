@@ -240,7 +240,9 @@ bool RecipeFacts::store(Kind kind, const QString& value, bool afterColon)
 {
     static const QRegularExpression name = pattern(
         QStringLiteral("^(?-i:\\p{Lu})[\\p{L}.’'-]*(?:\\s+(?:(?-i:\\p{Lu})[\\p{L}.’'-]*|de|van|von|der|di|da|"
-                       "and|und|&)){0,4}$"));
+                       "and|und|&)){0,4}$|"
+                       // The name that somebody has on a site.
+                       "^(?=\\S*[\\d_-])\\p{L}[\\p{L}\\d_-]*(?:\\s*[·|,–—-]\\s*\\d{4}-\\d\\d-\\d\\d)?$"));
     static const QRegularExpression count = pattern(QStringLiteral("^(?:about|ca\\.?|circa|etwa)?\\s*\\d"));
     const std::optional<qint64> minutes = durationMinutes(value);
     switch (kind) {

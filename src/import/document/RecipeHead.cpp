@@ -71,8 +71,11 @@ public:
         }
         RecipeFacts facts(draft);
         for (const TextLine& line : parts.head) {
+            const QString author = draft.author;
             if (isLargeType(line) || !facts.read(line.text)) {
                 takeUnlessPublisher(line);
+            } else if (m_aboveByline < 0 && draft.author != author) {
+                m_aboveByline = m_lines.size() - 1;
             }
         }
     }
@@ -180,10 +183,11 @@ private:
                 isLarge && i > 0 && proseAbove >= leastProse && !hasLargeType(title.end) ? 1.6 : 1;
             const double masthead = isLarge && isMasthead(i) ? 0.4 : 1;
             const double twice = isLarge && standsTwice(title, i) ? 1.5 : 1;
+            const double signedBelow = m_aboveByline == title.end - 1 ? 1.5 : 1;
             const double chapter = subsection > i && isChapter(title.text) ? 0.4 : 1;
-            const double score =
-                twice * masthead * chapter * card * large * (1 + 1.2 * shareSpokenOf(title.text, m_spoken)) -
-                0.12 * static_cast<double>(std::min<qsizetype>(rank++, 8));
+            const double score = twice * signedBelow * masthead * chapter * card * large *
+                                     (1 + 1.2 * shareSpokenOf(title.text, m_spoken)) -
+                                 0.12 * static_cast<double>(std::min<qsizetype>(rank++, 8));
             i = title.end;
             if (score > bestScore) {
                 best = title;
@@ -291,6 +295,8 @@ private:
     const QStringList& m_siteNames;
     QSet<QString> m_spoken;
     QList<TextLine> m_lines;
+    /// The line that the author's name stands below; -1 where there is none.
+    qsizetype m_aboveByline = -1;
 };
 
 } // namespace

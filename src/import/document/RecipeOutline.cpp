@@ -162,6 +162,15 @@ qsizetype nextTitleLike(const QList<TextLine>& head, const QList<TextLine>& line
     return found - lines.begin();
 }
 
+/// Where, among the lines of a list before a second one, the next recipe's own lines begin; `lines.size()`
+/// where no method stands between.
+qsizetype nextTitleBehindMethod(const QList<TextLine>& lines)
+{
+    const qsizetype next = nextTitle(lines);
+    const QList<TextLine> own = lines.first(next);
+    return IngredientSearch(own).directionsBegin(0) < next ? next : lines.size();
+}
+
 /// The sections of the first recipe; what follows its end is cut off.
 RecipeOutline firstRecipe(const QList<Section>& all)
 {
@@ -187,6 +196,16 @@ RecipeOutline firstRecipe(const QList<Section>& all)
             (section.kind == HeadingKind::Directions || !result.directions.isEmpty());
         if (nextIsSecondList) {
             section.lines = section.lines.first(nextTitle(section.lines));
+        }
+        if (section.kind == HeadingKind::Ingredients && i + 1 < all.size() &&
+            all[i + 1].kind == HeadingKind::Ingredients && result.directions.isEmpty()) {
+            const qsizetype next = nextTitleBehindMethod(section.lines);
+            if (next < section.lines.size()) {
+                section.lines = section.lines.first(next);
+                addSection(result, section);
+                result.hasMoreRecipes = true;
+                break;
+            }
         }
         const bool nextIsSecondMethod = section.kind != HeadingKind::None && !hasLists &&
                                         i + 1 < all.size() && all[i + 1].kind == HeadingKind::Directions;
@@ -238,7 +257,7 @@ RecipeOutline wholeOutline(const QList<TextLine>& lines)
         }
         return withoutHeadings(own);
     }
-    if (!has(HeadingKind::Ingredients)) {
+    {
         // A whole recipe without headings above one that has some.
         const QList<TextLine>& above = all.first().lines;
         const QList<TextLine> own = firstWhole(above);

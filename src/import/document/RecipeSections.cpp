@@ -227,7 +227,8 @@ private:
         }
         m_recipeBegun = true;
         const bool restIsAside = RecipeFacts::isFact(heading.rest) || heading.rest.startsWith(u'(');
-        if (restIsAside && heading.kind != HeadingKind::Other) {
+        // A second list's is the next recipe's.
+        if (restIsAside && heading.kind != HeadingKind::Other && !has(heading.kind)) {
             const bool isInBrackets = heading.rest.startsWith(u'(') && heading.rest.endsWith(u')');
             const QString aside = isInBrackets ? heading.rest.sliced(1).chopped(1) : heading.rest;
             m_sections.first().lines.append({aside, true, 1, line.page});
@@ -260,8 +261,10 @@ private:
         return m_current > 0 && (!isComplete() || !hasTitle) && line.relativeHeight >= titleType &&
                looksLikeTitle(line) && std::none_of(head.begin(), head.end(), [&](const TextLine& other) {
                    return other.relativeHeight > 1.05 * line.relativeHeight ||
-                          (other.relativeHeight > titleType && other.page == line.page &&
-                           other.place.bottom() + line.place.height() < line.place.top());
+                          (other.relativeHeight > titleType &&
+                           (other.page < line.page ||
+                            (other.page == line.page &&
+                             other.place.bottom() + line.place.height() < line.place.top())));
                });
     }
 
@@ -317,15 +320,14 @@ private:
         m_current = m_sections.size() - 1;
     }
 
-    bool isComplete() const
+    bool has(HeadingKind kind) const
     {
-        const auto has = [&](HeadingKind kind) {
-            return std::any_of(m_sections.begin(), m_sections.end(), [&](const Section& section) {
-                return section.kind == kind && !section.lines.isEmpty();
-            });
-        };
-        return has(HeadingKind::Ingredients) && has(HeadingKind::Directions);
+        return std::any_of(m_sections.begin(), m_sections.end(), [&](const Section& section) {
+            return section.kind == kind && !section.lines.isEmpty();
+        });
     }
+
+    bool isComplete() const { return has(HeadingKind::Ingredients) && has(HeadingKind::Directions); }
 
     void append(const TextLine& line)
     {
@@ -363,6 +365,16 @@ private:
                (line.place.left() > own.right || line.place.right() < own.left);
     }
 
+    /// Whether `line` begins a column beside the one that a remark ends, where no method has been found yet:
+    /// no text of a remark then, but perhaps a method without a heading, as what stands above all headings
+    /// is.
+    bool isBesideRemark(const TextLine& line) const
+    {
+        const Column& own = m_columns[m_current];
+        return m_sections[m_current].kind == HeadingKind::Other && !has(HeadingKind::Directions) &&
+               own.page == line.page && line.place.left() > own.right && line.place.top() < own.top;
+    }
+
     /// The section that goes on where `line` begins a page or a column: the one at hand, unless it does not
     /// reach there and another one stood above, on the page before.
     qsizetype continued(const TextLine& line) const
@@ -373,6 +385,9 @@ private:
         const Column& own = m_columns[m_current];
         if (shared(own) > 0 || countsOn(stepNumber(line), m_current)) {
             return m_current;
+        }
+        if (isBesideRemark(line)) {
+            return 0;
         }
         // What stands above all headings goes on where it may hold the method.
         const bool hasMethod = std::any_of(m_sections.begin(), m_sections.end(), [](const Section& section) {

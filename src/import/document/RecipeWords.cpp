@@ -199,6 +199,27 @@ const QSet<QString>& RecipeWords::amountWords()
     return words;
 }
 
+const QSet<QString>& RecipeWords::pantry()
+{
+    static const QSet<QString> words = asSet(
+        listed(u"salt|pepper|butter|rice|oil|olive|water|sugar|flour|garlic|onion|onions|milk|cheese|parsley|"
+               u"basil|mustard|cream|ghee|potatoes|tomatoes|spaghetti|pasta|bacon|lemon|honey|vinegar|"
+               u"soy|cilantro|coriander|cumin|paprika|cinnamon|yeast|eggs|carrots|celery|thyme|rosemary|"
+               u"ginger|chili|chilli|salz|pfeffer|öl|olivenöl|zucker|mehl|wasser|etwas|sel|poivre|huile|"
+               u"sal|pimienta|aceite|sale|pepe|olio|zout|peper|olie|pimenta|sól|pieprz|olej|smör|socker|"
+               u"peppar|smør|sukker|peber"));
+    return words;
+}
+
+const QSet<QString>& RecipeWords::pantryPairs()
+{
+    static const QSet<QString> pairs = asSet(
+        listed(u"extra virgin|sunflower oil|vegetable oil|canola oil|rapeseed oil|sesame oil|peanut oil|"
+               u"groundnut oil|coconut oil|cooking oil|black pepper|white pepper|ground pepper|sea "
+               u"salt|kosher salt"));
+    return pairs;
+}
+
 const QStringList& RecipeWords::groupOpenings()
 {
     static const QStringList words = listed(

@@ -26,6 +26,10 @@ const QSet<QString>& cookingVerbs();
 const QSet<QString>& units();
 /// Amounts written as a word.
 const QSet<QString>& amountWords();
+/// First words of what lists name without an amount, as most kitchens have it ("salt").
+const QSet<QString>& pantry();
+/// The same of two words, of which neither says so alone ("sunflower oil").
+const QSet<QString>& pantryPairs();
 /// First words of the heading of a group of ingredients ("For the sauce").
 const QStringList& groupOpenings();
 

@@ -160,6 +160,23 @@ INSTANTIATE_TEST_SUITE_P(Lists, ListsByPlace, testing::Values(
         {0, "1 pound beef (80/20 or"}, {1.2, "93/7)"},
         {1.2, "1 pound pork"}, {1.2, "1 egg"}},
         "1 pound beef (80/20 or 93/7)/1 pound pork/1 egg"},
+    ListCase{"WrappedFarFromTheColumnsEdge", 60, {
+        {0, "2 cups of flour, and"}, {1.2, "more for dusting"},
+        {1.2, "1 bottle of juice of"}, {1.2, "carrots"},
+        {1.2, "3 tomatoes, as ripe"}, {1.2, "as they come"},
+        {1.2, "1 egg"}, {1.2, "2 leeks"}},
+        "2 cups of flour, and more for dusting/1 bottle of juice of carrots/3 tomatoes, as ripe as they come/"
+        "1 egg/2 leeks"},
+    ListCase{"EntriesThatLookLikeRests", 14, {
+        {0, "140g flour"}, {1.2, "4 eggs"}, {1.2, "200ml milk"}, {1.2, "sunflower oil"}},
+        "140g flour/4 eggs/200ml milk/sunflower oil"},
+    ListCase{"AnAmountInWordsBelowAFullLine", 19, {
+        {0, "100g olives"}, {1.2, "2 chopped chillies"}, {1.2, "a pinch of salt"}},
+        "100g olives/2 chopped chillies/a pinch of salt"},
+    ListCase{"BehindABracketThatIsClosed", 36, {
+        {0, "1 sweet pepper"}, {1.2, "50 g grated mountain cheese, or more"}, {1.2, "leaves of basil (fresh is best)"},
+        {1.2, "chilli flakes"}, {1.2, "1 onion"}},
+        "1 sweet pepper/50 g grated mountain cheese, or more leaves of basil (fresh is best)/chilli flakes/1 onion"},
     ListCase{"AnAmountOnALineOfItsOwn", 40, {
         {0, "2 cups"}, {1.2, "flour"}, {1.8, "1 tsp"}, {1.2, "salt"}, {1.8, "3"}, {1.2, "eggs"}},
         "2 cups flour/1 tsp salt/3 eggs"}),

@@ -192,6 +192,22 @@ INSTANTIATE_TEST_SUITE_P(Pages, PageColumnsOf, testing::Values(
     [](const auto& drawn) { return std::string(drawn.param.name); });
 // clang-format on
 
+TEST(PageColumns, ReachAsFarAsAnyTextWhereNothingStandsBesideThem)
+{
+    const QList<TextLine> lines =
+        PageColumns::regrouped(pagePicture("1 tbsp of the best curry paste\n"
+                                           "drumsticks\n"
+                                           "\n"
+                                           "\n"
+                                           "\n"
+                                           "\n"
+                                           "Cut the chicken into     Fry it in hot oil of peanuts, and\n"
+                                           "strips, and mix it       serve it with rice and cucumbers\n"
+                                           "with the paste.          on skewers.\n"));
+    EXPECT_NEAR(lines[0].columnRight, 58 / 80.0, 0.001);
+    EXPECT_NEAR(lines[2].columnRight, 20 / 80.0, 0.001);
+}
+
 TEST(PageColumns, LeaveLinesWithoutPlacesAndPagesOfTooManyLinesAsTheyAre)
 {
     QList<TextLine> lines = TextLines::fromPlainText(QStringLiteral("b\na\nc"));

@@ -88,9 +88,9 @@ TEST(ReadingOrder, PartsBlocksAtFiveTypicalHeights)
 
 TEST(ReadingOrder, RemovesIconsInFrontOfNumbersOnly)
 {
-    EXPECT_THAT(
-        textsOf(DocumentTextReader::readingOrder({box("⏱ 30 min", 0, 0), box("© Anna 2019", 0, 0.1)})),
-        ElementsAre("30 min", "© Anna 2019"));
+    EXPECT_THAT(textsOf(DocumentTextReader::readingOrder(
+                    {box("⏱ 30 min", 0, 0), box("© Anna 2019", 0, 0.1), box("© 2019 Anna", 0, 0.2)})),
+                ElementsAre("30 min", "© Anna 2019", "© 2019 Anna"));
 }
 
 TEST(TextLines, GoThroughJsonAndComeFromPlainText)

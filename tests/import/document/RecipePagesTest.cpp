@@ -80,6 +80,18 @@ INSTANTIATE_TEST_SUITE_P(Pages, RecipesOnPages, testing::Values(
         "2 leeks/1 l stock",
         "Heat the oil in a large pot./Add the leeks and let them soften./Pour in the stock and let it boil./"
         "Serve the soup at once, with bread."},
+    RecipePage{"RemarkBelowAListBesideAMethodWithoutAHeading",
+        "Soup\n"
+        "\n"
+        "Ingredients           Heat the oil in a large pot and add the leeks.\n"
+        "2 leeks\n"
+        "1 l stock             Pour in the stock, let it boil, and season\n"
+        "                      it with salt.\n"
+        "Notes\n"
+        "It keeps well.        Serve the soup at once, with bread.\n",
+        "2 leeks/1 l stock",
+        "Heat the oil in a large pot and add the leeks./Pour in the stock, let it boil, and season it with salt./"
+        "Serve the soup at once, with bread."},
     RecipePage{"RemarkBelowNumberedSteps",
         "Soup\n"
         "Ingredients\n"
@@ -394,61 +406,85 @@ TEST(RecipePages, PassOverTheChapterThatARecipeStandsIn)
     EXPECT_EQ(result.draft.ingredients.join(u'/'), u"200 ml cream/20 g sugar");
 }
 
-TEST(RecipePages, EndWhereTheNextMethodHasATitleOfItsOwn)
+namespace {
+
+/// Pages parted by a form feed, with "#" in front of the lines in large type.
+QList<TextLine> pagesWithTitles(const char* pictures)
 {
-    QList<TextLine> lines = pagePicture("Egg Soup\n"
-                                        "\n"
-                                        "2 eggs\n"
-                                        "1 l stock\n"
-                                        "\n"
-                                        "Method\n"
-                                        "Boil the eggs in the stock.\n"
-                                        "\n"
-                                        "Leek Soup\n"
-                                        "\n"
-                                        "3 leeks\n"
-                                        "1 l stock\n"
-                                        "\n"
-                                        "Method\n"
-                                        "Boil the leeks.\n");
-    for (TextLine& line : lines) {
-        line.relativeHeight = line.text.endsWith(u"Soup") ? 2 : 1;
+    QList<TextLine> lines;
+    int page = 0;
+    for (const QString& picture : QString::fromUtf8(pictures).split(u'\f')) {
+        for (TextLine line : pagePicture(picture.toUtf8().constData(), page)) {
+            line.relativeHeight = line.text.startsWith(u'#') ? 2 : 1;
+            line.text.remove(u'#');
+            lines.append(line);
+        }
+        ++page;
     }
-    const RecipeTextParser::Result result = RecipeTextParser::parseFirst(lines);
-    EXPECT_TRUE(result.hasMoreRecipes);
-    EXPECT_EQ(result.draft.ingredients.join(u'/'), u"2 eggs/1 l stock");
-    ASSERT_EQ(result.draft.steps.size(), 1);
-    EXPECT_EQ(result.draft.steps[0].paragraphs.join(u'/'), u"Boil the eggs in the stock.");
+    return lines;
 }
 
-TEST(RecipePages, EndAtATitleAboveAMethodThatStandsInFrontOfItsList)
+struct SeveralRecipes
 {
-    QList<TextLine> lines = pagePicture("Orange Jam\n"
-                                        "\n"
-                                        "Instructions\n"
-                                        "1. Zest all fruit.\n"
-                                        "2. Boil it with the sugar.\n"
-                                        "\n"
-                                        "Ingredients\n"
-                                        "4 oranges\n"
-                                        "1 cup sugar\n"
-                                        "\n"
-                                        "Paella\n"
-                                        "\n"
-                                        "A dish of rice that needs a large pan and some patience.\n"
-                                        "\n"
-                                        "Instructions\n"
-                                        "1. Heat the olive oil.\n"
-                                        "2. Add the rice.\n");
-    for (TextLine& line : lines) {
-        line.relativeHeight = line.text == u"Orange Jam" || line.text == u"Paella" ? 2 : 1;
+    const char* name;
+    const char* pages;
+    const char* title;
+    const char* ingredients;
+    const char* steps;
+};
+
+class SeveralRecipesOnPages : public testing::TestWithParam<SeveralRecipes>
+{
+};
+
+} // namespace
+
+TEST_P(SeveralRecipesOnPages, EndWhereTheNextOneBegins)
+{
+    const RecipeTextParser::Result result = RecipeTextParser::parseFirst(pagesWithTitles(GetParam().pages));
+    QStringList steps;
+    for (const RecipeStep& step : result.draft.steps) {
+        steps += step.paragraphs;
     }
-    const RecipeTextParser::Result result = RecipeTextParser::parseFirst(lines);
     EXPECT_TRUE(result.hasMoreRecipes);
-    EXPECT_EQ(result.draft.title, u"Orange Jam");
-    EXPECT_EQ(result.draft.ingredients.join(u'/'), u"4 oranges/1 cup sugar");
-    EXPECT_EQ(result.draft.steps.size(), 2);
+    EXPECT_EQ(result.draft.title.toStdString(), GetParam().title);
+    EXPECT_EQ(result.draft.ingredients.join(u'/').toStdString(), GetParam().ingredients);
+    EXPECT_EQ(steps.join(u'/').toStdString(), GetParam().steps);
+    EXPECT_NE(result.draft.yield, u"6");
 }
+
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Pages, SeveralRecipesOnPages, testing::Values(
+    SeveralRecipes{"WhereTheNextMethodHasATitle",
+        "#Egg Soup\n\n2 eggs\n1 l stock\n\nMethod\nBoil the eggs in the stock.\n\n"
+        "#Leek Soup\n\n3 leeks\n1 l stock\n\nMethod\nBoil the leeks.\n",
+        "Egg Soup", "2 eggs/1 l stock", "Boil the eggs in the stock."},
+    SeveralRecipes{"WhereTheMethodStandsInFrontOfItsList",
+        "#Orange Jam\n\nInstructions\n1. Zest all fruit.\n2. Boil it with the sugar.\n\n"
+        "Ingredients\n4 oranges\n1 cup sugar\n\n"
+        "#Paella\n\nA dish of rice that needs a large pan and some patience.\n\n"
+        "Instructions\n1. Heat the olive oil.\n2. Add the rice.\n",
+        "Orange Jam", "4 oranges/1 cup sugar", "Zest all fruit./Boil it with the sugar."},
+    SeveralRecipes{"WhereOnlyTheNextHasHeadings",
+        "#Cheese Roll\n\nUse the best cheese that you can find, and a roll of today.\n\n"
+        "• A roll or a bun\n• Thin cheese\n• Pickles\n\n"
+        "1. Cut the roll open.\n2. Add the cheese.\n3. Add the pickles.\n\n"
+        "#Roast Turkey\n\nIngredients\n1 turkey\n2 cups broth\n\nMethod\n1. Roast the turkey.\n",
+        "Cheese Roll", "A roll or a bun/Thin cheese/Pickles", "Cut the roll open./Add the cheese./Add the pickles."},
+    SeveralRecipes{"WhereNeitherMethodHasAHeading",
+        "#Meatballs\n\nIngredients (Serves 3)\n1/2 lb beef\n1/4 cup breadcrumbs\n\n"
+        "Preheat the oven, and mix the beef with the breadcrumbs.\n\n"
+        "Bake small balls of it for ten minutes.\n\n"
+        "#Lentil Soup\n\nIngredients (Serves 6)\n2 cups lentils\n1 onion\n\n"
+        "Cook the lentils with the onion for eight hours.\n",
+        "Meatballs", "1/2 lb beef/1/4 cup breadcrumbs",
+        "Preheat the oven, and mix the beef with the breadcrumbs./Bake small balls of it for ten minutes."},
+    SeveralRecipes{"WhereTheNextTitleIsLargestOverleaf",
+        "#Slow Pork\n\n2 lb pork\n6 cloves of garlic\n\nDirections\n1. Season the pork.\n2. Cook it slowly.\f"
+        "#Curry of potatoes\n\n2 potatoes\n1 onion\n\nDirections\n1. Heat the oven.\n2. Bake the potatoes.\n",
+        "Slow Pork", "2 lb pork/6 cloves of garlic", "Season the pork./Cook it slowly."}),
+    [](const auto& drawn) { return std::string(drawn.param.name); });
+// clang-format on
 
 TEST(RecipePages, TakeNoTitleAndNoIntroductionForEntriesOfAList)
 {

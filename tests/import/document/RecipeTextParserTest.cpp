@@ -398,6 +398,17 @@ TEST(RecipeTextParser, TellsTheTitleFromTheNameOfTheSiteAboveIt)
     }
 }
 
+TEST(RecipeTextParser, TakesTheLineAboveTheAuthorAndBelowTheSitesMenuForTheTitle)
+{
+    for (const char* told : {"# Salt & Thyme\n# Egg Soup\nBy anna-b · 2024-03-09",
+                             "# Salt & Thyme\nHome\nRecipes\nAbout\n# Egg Soup\nVery good."}) {
+        QList<TextLine> lines =
+            page((std::string(told) + "\nIngredients\n2 eggs\nsalt\nMethod\nBoil the salt.").c_str());
+        lines.first().relativeHeight = 1.7;
+        EXPECT_EQ(RecipeTextParser::parse(lines).title, u"Egg Soup") << told;
+    }
+}
+
 TEST(RecipeTextParser, TakesTheTitleThatStandsTwice)
 {
     QList<TextLine> lines =
