@@ -1,4 +1,5 @@
 #include "helpers/document-reader/document/LineAssembly.h"
+#include "helpers/document-reader/document/StepColumns.h"
 #include "helpers/document-reader/document/TypeSize.h"
 #include "helpers/document-reader/document/WordRows.h"
 
@@ -195,4 +196,50 @@ TEST(WordRows, PartsTheLinesBesideATallNumber)
         }
         EXPECT_EQ(next, line.next) << line.words.front().text.toStdString();
     }
+}
+
+TEST(StepColumns, PartNumbersFromTheLineThatTheyReachUpTo)
+{
+    struct Line
+    {
+        double y;
+        /// The line's words, each as wide as six points a letter, and where each begins.
+        std::vector<std::pair<const char*, double>> words;
+    };
+    const auto chainOf = [](const std::vector<Line>& lines) {
+        std::vector<Word> words;
+        for (const Line& line : lines) {
+            for (const auto& [text, x] : line.words) {
+                const bool isLast = text == line.words.back().first;
+                words.push_back({QString::fromUtf8(text),
+                                 {x, line.y, 6.0 * qstrlen(text), 10},
+                                 !isLast,
+                                 isLast ? -1 : static_cast<qsizetype>(words.size()) + 1});
+            }
+        }
+        return words;
+    };
+    const auto begun = [](const std::vector<Word>& words) {
+        return std::count_if(words.begin(), words.end(), [](const Word& word) { return word.beginsStep; });
+    };
+    const std::vector<Word> words =
+        withStepColumnsApart(chainOf({{0, {{"9.", 103}, {"Bake", 118}}},
+                                      {20, {{"stir", 70}, {"10.", 97}, {"Rest", 118}}},
+                                      {40, {{"11.", 97}, {"Serve", 118}}}}));
+    EXPECT_EQ(begun(words), 3);
+    EXPECT_EQ(words[2].next, -1);
+    EXPECT_EQ(words[3].next, 4);
+    QList<documentreader::Run> runs{run("stir", 70, 20, 24), run("10. Rest", 97, 20, 45)};
+    EXPECT_EQ(assembled(runs).size(), 1);
+    runs.last().beginsStep = true;
+    EXPECT_EQ(assembled(runs).size(), 2);
+    // Numbers behind a word that all of them have, and such as do not count up.
+    EXPECT_EQ(begun(withStepColumnsApart(chainOf({{0, {{"Step", 70}, {"1.", 97}, {"Bake", 118}}},
+                                                  {20, {{"Step", 70}, {"2.", 97}, {"Rest", 118}}},
+                                                  {40, {{"Step", 70}, {"3.", 97}, {"Serve", 118}}}}))),
+              0);
+    EXPECT_EQ(begun(withStepColumnsApart(chainOf({{0, {{"in", 80}, {"12.", 97}, {"Bake", 118}}},
+                                                  {20, {{"4.", 97}, {"Rest", 118}}},
+                                                  {40, {{"9.", 97}, {"Serve", 118}}}}))),
+              0);
 }

@@ -271,7 +271,7 @@ void joinJustified(const QList<Run>& runs, const QList<qsizetype>& neighbours, Q
             // step's number.
             const auto isNear = [&](qsizetype left) {
                 const qsizetype right = neighbours[left];
-                return right >= 0 && !runs[right].text.contains(u' ') &&
+                return right >= 0 && !runs[right].beginsStep && !runs[right].text.contains(u' ') &&
                        runs[left].text.count(u' ') <= (left == first ? 1 : 0) &&
                        runs[right].box.right() < measure.right + 1 &&
                        runs[right].box.left() - runs[left].box.right() >
@@ -316,7 +316,7 @@ QList<Run> assembledLines(QList<Run> runs)
     }
     for (qsizetype left = 0; left < runs.size(); ++left) {
         const qsizetype right = neighbours[left];
-        if (right < 0) {
+        if (right < 0 || runs[right].beginsStep) {
             continue;
         }
         const double gap = space(left);

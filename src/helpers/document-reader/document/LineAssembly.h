@@ -11,6 +11,8 @@ struct Run
 {
     QString text;
     QRectF box;
+    /// It begins with a step's number that nothing to its left belongs to.
+    bool beginsStep = false;
 };
 
 /// Puts together the runs that a person reads as one line: words that only a wide space parts, and a short

@@ -2,6 +2,7 @@
 
 #include "helpers/document-reader/document/DrawingOrder.h"
 #include "helpers/document-reader/document/LineAssembly.h"
+#include "helpers/document-reader/document/StepColumns.h"
 #include "helpers/document-reader/document/TypeSize.h"
 #include "helpers/document-reader/document/WordRows.h"
 
@@ -73,6 +74,7 @@ bool hasSpaceAfter(const Word& word, const std::vector<Word>& words)
 Run runFrom(qsizetype first, const std::vector<Word>& words)
 {
     Run run;
+    run.beginsStep = words[first].beginsStep;
     QRectF tallness;
     qsizetype longest = 0;
     QList<Run> letters;
@@ -174,6 +176,7 @@ QList<reader::PageLine> linesOf(const Poppler::Document& document, int index, co
         words = withTrueHeights(std::move(words));
     }
     QList<reader::PageLine> lines;
+    words = withStepColumnsApart(std::move(words));
     for (const Run& run : inDrawingOrder(assembledLines(runsOf(words)), drawn)) {
         lines.append({run.text.left(reader::maximumLineLength),
                       {run.box.left() / size.width(), run.box.top() / size.height(),

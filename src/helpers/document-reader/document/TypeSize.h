@@ -17,6 +17,8 @@ struct Word
     qsizetype next = -1;
     /// Of each of its letters.
     std::vector<QRectF> letters = {};
+    /// The number of a step, with nothing of its line in front of it.
+    bool beginsStep = false;
 };
 
 /// Puts right the heights of words in fonts that do not say how large their type is: those whose glyphs are
