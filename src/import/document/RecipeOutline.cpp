@@ -162,13 +162,11 @@ qsizetype nextTitleLike(const QList<TextLine>& head, const QList<TextLine>& line
     return found - lines.begin();
 }
 
-/// Where, among the lines of a list before a second one, the next recipe's own lines begin; `lines.size()`
-/// where no method stands between.
-qsizetype nextTitleBehindMethod(const QList<TextLine>& lines)
+/// Whether directions without a heading follow the list that `lines` begin with.
+bool hasMethodBehindList(const QList<TextLine>& lines)
 {
-    const qsizetype next = nextTitle(lines);
-    const QList<TextLine> own = lines.first(next);
-    return IngredientSearch(own).directionsBegin(0) < next ? next : lines.size();
+    const QList<TextLine> method = lines.sliced(IngredientSearch(lines).directionsBegin(0));
+    return !method.isEmpty() && IngredientSearch(method).hasSteps();
 }
 
 /// The sections of the first recipe; what follows its end is cut off.
@@ -197,15 +195,15 @@ RecipeOutline firstRecipe(const QList<Section>& all)
         if (nextIsSecondList) {
             section.lines = section.lines.first(nextTitle(section.lines));
         }
-        if (section.kind == HeadingKind::Ingredients && i + 1 < all.size() &&
-            all[i + 1].kind == HeadingKind::Ingredients && result.directions.isEmpty()) {
-            const qsizetype next = nextTitleBehindMethod(section.lines);
-            if (next < section.lines.size()) {
-                section.lines = section.lines.first(next);
-                addSection(result, section);
-                result.hasMoreRecipes = true;
-                break;
-            }
+        const auto next = std::find_if(all.begin() + i + 1, all.end(), [](const Section& other) {
+            return other.kind != HeadingKind::Other;
+        });
+        if (section.kind == HeadingKind::Ingredients && result.directions.isEmpty() && next != all.end() &&
+            next->kind == HeadingKind::Ingredients && hasMethodBehindList(section.lines)) {
+            section.lines = section.lines.first(nextTitle(section.lines));
+            addSection(result, section);
+            result.hasMoreRecipes = true;
+            break;
         }
         const bool nextIsSecondMethod = section.kind != HeadingKind::None && !hasLists &&
                                         i + 1 < all.size() && all[i + 1].kind == HeadingKind::Directions;
@@ -357,7 +355,8 @@ void endAt(qsizetype end, QList<TextLine>& part, QList<TextLine>& other)
 RecipeOutline outline(const QList<TextLine>& lines)
 {
     RecipeOutline result = wholeOutline(lines);
-    const int last = static_cast<int>(countedLines(result.directions).size());
+    const std::vector<qsizetype> counted = countedLines(result.directions);
+    const int last = counted.empty() ? 0 : LineShape::counted(result.directions[counted.back()].text)->number;
     endAt(stepsCountedOn(result.ingredients, last), result.ingredients, result.directions);
     endAt(methodEnd(result.directions), result.directions, result.head);
     endAt(factsBegin(result.directions), result.directions, result.head);

@@ -210,6 +210,8 @@ private:
             }
             if (isLargeType(line) && line.startsBlock && looksLikeTitle(line) && isComplete()) {
                 begin(HeadingKind::None);
+            } else if (jumps && isBesideRemark(line)) {
+                beginUnheadedMethod();
             } else if (jumps) {
                 m_current = continued(line);
             } else if (isBelowHeadingBeside(line)) {
@@ -320,6 +322,16 @@ private:
         m_current = m_sections.size() - 1;
     }
 
+    /// Without a list's heading either, both stand above all headings.
+    void beginUnheadedMethod()
+    {
+        if (has(HeadingKind::Ingredients)) {
+            begin(HeadingKind::Directions);
+        } else {
+            m_current = 0;
+        }
+    }
+
     bool has(HeadingKind kind) const
     {
         return std::any_of(m_sections.begin(), m_sections.end(), [&](const Section& section) {
@@ -386,9 +398,6 @@ private:
         if (shared(own) > 0 || countsOn(stepNumber(line), m_current)) {
             return m_current;
         }
-        if (isBesideRemark(line)) {
-            return 0;
-        }
         // What stands above all headings goes on where it may hold the method.
         const bool hasMethod = std::any_of(m_sections.begin(), m_sections.end(), [](const Section& section) {
             return section.kind == HeadingKind::Directions;
@@ -402,7 +411,10 @@ private:
             const bool isOver = column.page < line.page && own.page == line.page && own.begun == line.page;
             const bool wasBeside =
                 !isAbove && !isOver && (column.page == line.page - 1 || column.page == line.page);
-            if (wasBeside && shared(column) > 0.5 * line.place.width()) {
+            const bool isStepInList = m_sections[i].kind == HeadingKind::Ingredients &&
+                                      m_sections[m_current].kind == HeadingKind::Directions &&
+                                      LineShape::looksLikeStep(line.text);
+            if (wasBeside && !isStepInList && shared(column) > 0.5 * line.place.width()) {
                 return i;
             }
         }

@@ -52,7 +52,11 @@ public:
         const bool restarts = number && number->number == 1 && expected > 1 &&
                               !LineShape::isBareNumber(m_lines[i].text) && i > 0 &&
                               LineShape::endsSentence(m_lines[i - 1].text);
-        if (!number || (number->number != expected && !restarts)) {
+        // The number between may be one that the font does not have.
+        constexpr int surely = 3;
+        const bool skipsOne = number && number->number == expected + 1 && expected > surely &&
+                              !LineShape::isBareNumber(m_lines[i].text);
+        if (!number || (number->number != expected && !restarts && !skipsOne)) {
             return std::nullopt;
         }
         // "2 Eggs go in" behind an unfinished sentence is an amount.

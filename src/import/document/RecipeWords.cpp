@@ -134,7 +134,15 @@ const QSet<QString>& RecipeWords::modifiers()
 const QSet<QString>& RecipeWords::cookingVerbs()
 {
     static const QSet<QString> words = asSet(listed(
-        u"add|adjust|allow|arrange|assemble|bake|baste|beat|blend|boil|braise|bring|brown|brush|chill|chop|"
+        u"add|adjust|after|allow|apply|arrange|assemble|bake|baste|beat|begin|blend|boil|braise|break|bring|"
+        u"brown|brush|"
+        u"butterfly|carefully|carve|check|chill|chop|crack|crumble|debone|dissolve|empty|ensure|finally|"
+        u"fluff|form|get|"
+        u"give|halve|keep|loosen|moisten|next|open|optionally|pierce|plunge|prick|proceed|push|reheat|"
+        u"reserve|rotate|"
+        u"run|scald|scramble|seal|secure|skewer|smash|smear|snip|stack|start|stretch|submerge|swirl|tear|"
+        u"then|tie|"
+        u"truss|try|twist|unmold|wait|weigh|while|work|"
         u"coat|combine|cook|cool|cover|cream|crush|cut|deglaze|dice|discard|divide|drain|dredge|drizzle|drop|"
         u"dust|fill|finish|flip|fold|fry|garnish|gently|grate|grease|grill|grind|heat|in|increase|knead|"
         u"ladle|lay|leave|let|lightly|line|lower|make|marinate|mash|measure|meanwhile|melt|mince|mix|move|"

@@ -94,11 +94,17 @@ std::vector<qsizetype> stepNumbers(const QList<TextLine>& lines)
 
 std::vector<qsizetype> countedLines(const QList<TextLine>& lines)
 {
+    // So far it is sure that they count steps: a number that the font does not have may then be left out.
+    constexpr std::size_t surely = 3;
     std::vector<qsizetype> counted;
+    int last = 0;
     for (qsizetype i = 0; i < lines.size(); ++i) {
         const auto number = LineShape::counted(lines[i].text);
-        if (number && number->number == static_cast<int>(counted.size()) + 1) {
+        const bool skipsOne = number && number->number == last + 2 && counted.size() >= surely &&
+                              !LineShape::isBareNumber(lines[i].text);
+        if (number && (number->number == last + 1 || skipsOne)) {
             counted.push_back(i);
+            last = number->number;
         }
     }
     return counted;

@@ -46,6 +46,9 @@ TEST(LineAssembly, KeepsColumnsApart)
     EXPECT_THAT(
         assembled({run("A line of the left column", 50, 0, 120), run("and one of the right", 190, 0, 100)}),
         UnorderedElementsAre("A line of the left column", "and one of the right"));
+    // For how many a dish is stands in front of nothing.
+    EXPECT_EQ(assembled({run("6-8 people", 50, 0, 50), run("the side, and roll it up", 130, 0, 120)}).size(),
+              2U);
     // A number that hangs into the gutter leaves no more of it than a wide space.
     EXPECT_THAT(assembled({run("1. Fill a bowl with water for", 50, 0, 144), run("6. Bake it", 201, 0, 60),
                            run("all of the rice", 60, 14, 70), run("7. Let it rest", 201, 28, 70),
@@ -233,6 +236,12 @@ TEST(StepColumns, PartNumbersFromTheLineThatTheyReachUpTo)
     EXPECT_EQ(assembled(runs).size(), 1);
     runs.last().beginsStep = true;
     EXPECT_EQ(assembled(runs).size(), 2);
+    // One number is enough where the lines of its text begin below each other.
+    EXPECT_EQ(
+        begun(withStepColumnsApart(chainOf({{0, {{"with", 46}, {"oil", 73}, {"12.", 97}, {"Slice", 118}}},
+                                            {14, {{"thinly", 118}, {"and", 160}}},
+                                            {28, {{"serve", 118}}}}))),
+        1);
     // Numbers behind a word that all of them have, and such as do not count up.
     EXPECT_EQ(begun(withStepColumnsApart(chainOf({{0, {{"Step", 70}, {"1.", 97}, {"Bake", 118}}},
                                                   {20, {{"Step", 70}, {"2.", 97}, {"Rest", 118}}},

@@ -80,6 +80,24 @@ INSTANTIATE_TEST_SUITE_P(Pages, RecipesOnPages, testing::Values(
         "2 leeks/1 l stock",
         "Heat the oil in a large pot./Add the leeks and let them soften./Pour in the stock and let it boil./"
         "Serve the soup at once, with bread."},
+    RecipePage{"StepWhoseNumberTheFontDoesNotHave",
+        "Soup\n"
+        "Ingredients\n"
+        "2 leeks\n"
+        "1 l stock\n"
+        "Method\n"
+        "1. Heat the oil in a large pot.\n"
+        "\n"
+        "2. Add the leeks.\n"
+        "\n"
+        "3. Pour in the stock.\n"
+        "\n"
+        "Season it with salt.\n"
+        "\n"
+        "5. Serve it at once, with bread.\n",
+        "2 leeks/1 l stock",
+        "Heat the oil in a large pot./Add the leeks./Pour in the stock./Season it with salt./"
+        "Serve it at once, with bread."},
     RecipePage{"RemarkBelowAListBesideAMethodWithoutAHeading",
         "Soup\n"
         "\n"
@@ -479,12 +497,31 @@ INSTANTIATE_TEST_SUITE_P(Pages, SeveralRecipesOnPages, testing::Values(
         "Cook the lentils with the onion for eight hours.\n",
         "Meatballs", "1/2 lb beef/1/4 cup breadcrumbs",
         "Preheat the oven, and mix the beef with the breadcrumbs./Bake small balls of it for ten minutes."},
+    SeveralRecipes{"WhereARemarkStandsBetweenThem",
+        "#Bean Soup\n\nIngredients\n1 can beans\n2 onions\n\n1. Fry the onions in a pot.\n2. Add the beans.\n\n"
+        "Notes\nRead it all before you begin.\n\n"
+        "#Tabouleh\n\nIngredients\n2 cups bulgur\n1 cucumber\n\n1. Soak the bulgur.\n2. Add the cucumber.\n",
+        "Bean Soup", "1 can beans/2 onions", "Fry the onions in a pot./Add the beans."},
     SeveralRecipes{"WhereTheNextTitleIsLargestOverleaf",
         "#Slow Pork\n\n2 lb pork\n6 cloves of garlic\n\nDirections\n1. Season the pork.\n2. Cook it slowly.\f"
         "#Curry of potatoes\n\n2 potatoes\n1 onion\n\nDirections\n1. Heat the oven.\n2. Bake the potatoes.\n",
         "Slow Pork", "2 lb pork/6 cloves of garlic", "Season the pork./Cook it slowly."}),
     [](const auto& drawn) { return std::string(drawn.param.name); });
 // clang-format on
+
+TEST(RecipePages, ContinueOverleafWithTheMethodAndNotWithTheListThatStoodThere)
+{
+    const RecipeDraft draft =
+        RecipeTextParser::parse(pagesWithTitles("#Ravioli\n\n"
+                                                "Ingredients              Method\n"
+                                                "4 eggs                   Pile the flour onto the counter.\n"
+                                                "400 g flour              Carve a hole into it with your\n"
+                                                "1 lemon                  hands.\f"
+                                                "Crack the eggs into it   Roll the dough out, and cut it\n"
+                                                "and mix everything.      into small squares.\n"
+                                                "Let the dough rest.      Fill them, and fold them.\n"));
+    EXPECT_EQ(draft.ingredients.join(u'/'), u"4 eggs/400 g flour/1 lemon");
+}
 
 TEST(RecipePages, TakeNoTitleAndNoIntroductionForEntriesOfAList)
 {

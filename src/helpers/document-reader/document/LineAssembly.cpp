@@ -34,7 +34,13 @@ bool isLeadingCell(const QString& text)
         QStringLiteral("^(?:[•·▢☐□○●▪*–-]|(?:step )?\\d{1,2}[.):]?|"
                        "[\\d½¼¾⅓⅔⅛⅜⅝⅞][\\d\\s./,–-]*[½¼¾⅓⅔⅛⅜⅝⅞]?\\s*\\p{L}{0,12}\\.?)$"),
         QRegularExpression::UseUnicodePropertiesOption | QRegularExpression::CaseInsensitiveOption);
-    return text.size() <= 18 && cell.match(text).hasMatch();
+    // How long, and for how many.
+    static const QRegularExpression fact(
+        QStringLiteral(
+            "\\b(?:min(?:s|utes?|uten)?|h|hrs?|hours?|std|stunden?|heures?|horas?|people|persons?|personen|"
+            "personnes|personas|persone|servings?|portion(?:s|en)?)\\.?$"),
+        QRegularExpression::CaseInsensitiveOption);
+    return text.size() <= 18 && cell.match(text).hasMatch() && !fact.match(text).hasMatch();
 }
 
 bool startsWithNumberOrMark(const QString& text)
