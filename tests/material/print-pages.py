@@ -5,7 +5,8 @@
 
 RECIPES.json is what `set-recipes` leaves in its target. A module of `printed/` is a set: its LAYOUTS name functions
 that make a page (HTML) of a recipe, the one after it and the words of its language. Elements with a `data-k` (title,
-meta, head, ing, step) are the truth, in their order; everything else on the page is furniture. A function may bear
+meta, head, ing, step) are the truth, in their order, the heading of a group of ingredients (class `group`) with the
+colon that a draft gives it; everything else on the page is furniture. A function may bear
 `header = True`: the browser then prints its own line of date, title, address and page number.
 """
 import argparse
@@ -20,7 +21,8 @@ import sys
 import tempfile
 
 TRUTH = """[...document.querySelectorAll('[data-k]')].map(e => ({kind: e.dataset.k, page: 0,
-    text: e.textContent.replace(/\\s+/g, ' ').trim()})).filter(e => e.text)"""
+    text: e.textContent.replace(/\\s+/g, ' ').trim(), group: e.classList.contains('group') && e.dataset.k === 'ing'}))
+    .filter(e => e.text).map(({group, ...e}) => group ? {...e, text: e.text.replace(/:?$/, ':')} : e)"""
 
 
 class Browser:

@@ -318,7 +318,6 @@ void LineFlow::judgeByFirstLineIndent()
     }
 }
 
-/// From one line to the next, in heights of a line.
 double LineFlow::gap(qsizetype i) const
 {
     return (m_lines[i].place.bottom() - m_lines[i - 1].place.bottom()) / m_height;

@@ -27,6 +27,9 @@ public:
     /// Whether line `i` stands below the one before, in the same column.
     bool followsDown(qsizetype i) const;
 
+    /// How far line `i`, which follows down, stands below the one before, from line to line, in heights.
+    double gap(qsizetype i) const;
+
     /// By indents and blank spaces, where the lines have a habit of them; the first line begins.
     Verdict verdict(qsizetype i) const { return m_verdicts[static_cast<std::size_t>(i)]; }
 
@@ -44,7 +47,6 @@ private:
     void measure();
     void judgeByHangingIndent();
     void judgeByFirstLineIndent();
-    double gap(qsizetype i) const;
     Verdict look(qsizetype i) const;
     std::optional<double> partingGap() const;
     void judgeByGaps();

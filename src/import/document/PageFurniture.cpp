@@ -206,6 +206,10 @@ bool PageFurniture::isFurniture(const QString& line)
                                "alle rechten voorbehouden|wszelkie prawa zastrzeżone|"
                                "alla rättigheter|alle rettigheder")),
         pattern(QStringLiteral("^page \\d+ (?:of|/) \\d+$")),
+        // When and from where it was printed, and who took the picture.
+        pattern(QStringLiteral("^(?:exported|printed|saved|downloaded) on \\d{1,2}\\b.{0,20}$")),
+        pattern(QStringLiteral("^(?:recipe|rezept|recette|receta|ricetta) \\d+ (?:of|von|de|di) \\d+$")),
+        pattern(QStringLiteral("^(?:photo(?:graph|graphy)?s?|foto|image|bild)(?: by)?\\s*:\\s.{2,40}$")),
         // A price.
         pattern(QStringLiteral("^(?:[€$£]\\s?\\d+(?:[.,]\\d{2})?|\\d+[.,]\\d{2}\\s?(?:€|eur|kr|zł))$")),
         // What a mail answers to.

@@ -121,6 +121,10 @@ public:
                                         [](const TextLine& line) { return !line.text.endsWith(u':'); });
         m_hasAmountsFirst = first != lines.end() && isAmountAlone(first->text);
         m_hasCapitalRests = m_flow.isPlaced() && hasCapitalRests(rests);
+        m_entryGap = entryGap();
+        for (qsizetype i = 1; i < lines.size() && !m_hasFurtherGroup; ++i) {
+            m_hasFurtherGroup = isGroupHeading(i);
+        }
     }
 
     bool isGroupHeading(qsizetype i) const
@@ -137,7 +141,6 @@ public:
             LineShape::endsSentence(text) || !text.front().isUpper() || text.contains(u',')) {
             return false;
         }
-        const bool listFollows = startsWithMarkOrAmount(i + 1);
         const QString lower = text.toLower();
         const bool opensGroup = std::any_of(
             RecipeWords::groupOpenings().begin(), RecipeWords::groupOpenings().end(),
@@ -146,10 +149,16 @@ public:
         const bool capitals =
             LineShape::isAllCapitals(text) && !LineShape::isAllCapitals(m_lines[i + 1].text);
         // In bold, perhaps, but in the list's own size: the only line without a mark, apart from the rest.
-        const bool standsApart = (i == 0 || line.startsBlock) && !m_lines[i + 1].startsBlock &&
-                                 (m_isBulleted || m_isAmountList) && text.count(u' ') < 4;
-        return listFollows &&
-               (opensGroup || largerType || capitals || standsApart || (m_isBulleted && i == 0));
+        const bool namesGroup = RecipeWords::groupNames().contains(lastWord(text));
+        const bool mayBeApart =
+            text.count(u' ') < 4 && !m_lines[i + 1].startsBlock && m_flow.hadRoom(i + 1) &&
+            m_flow.verdict(i + 1) != LineFlow::Verdict::Continues && !m_lines[i + 1].text.startsWith(u'(') &&
+            !opensWithAmount(text) && (namesGroup || !isPantryItem(text));
+        const bool isSetOff = isApart(i) || ((m_isBulleted || m_isAmountList) && line.startsBlock);
+        const bool standsApart = mayBeApart && (i == 0 ? m_hasFurtherGroup : isSetOff);
+        return (startsWithMarkOrAmount(i + 1) &&
+                (opensGroup || largerType || capitals || standsApart || (m_isBulleted && i == 0))) ||
+               (mayBeApart && namesGroup && isApart(i));
     }
 
     /// Whether amounts stand on lines of their own, each in front of its name.
@@ -217,6 +226,27 @@ public:
     }
 
 private:
+    /// From one entry to the next, in heights of a line; 0 where that cannot be told.
+    double entryGap() const
+    {
+        constexpr std::size_t leastGaps = 3;
+        std::vector<double> gaps;
+        for (qsizetype i = 1; i < m_lines.size(); ++i) {
+            if (m_flow.isPlaced() && m_flow.followsDown(i) && startsWithMarkOrAmount(i)) {
+                gaps.push_back(m_flow.gap(i));
+            }
+        }
+        return gaps.size() < leastGaps ? 0 : medianOf(std::move(gaps));
+    }
+
+    /// Whether line `i` stands further below the one before than entries do, and closer above the next one.
+    bool isApart(qsizetype i) const
+    {
+        constexpr double leastMore = 0.2;
+        return m_entryGap > 0 && m_flow.followsDown(i) && m_flow.followsDown(i + 1) &&
+               m_flow.gap(i) > m_entryGap + leastMore && m_flow.gap(i + 1) < m_flow.gap(i) - 0.5 * leastMore;
+    }
+
     /// Whether line `i` is set larger or smaller than the one before.
     bool isInOtherType(qsizetype i) const
     {
@@ -296,6 +326,9 @@ private:
     bool m_hasRests = false;
     bool m_hasCapitalRests = false;
     bool m_hasAmountsFirst = false;
+    double m_entryGap = 0;
+    /// A group has a heading below the first line.
+    bool m_hasFurtherGroup = false;
     /// Some line is so much longer than the others, or so many begin with a word, that lines may be wrapped.
     bool m_mayWrap = false;
 };

@@ -2,6 +2,7 @@
 
 #include "import/document/IngredientSearch.h"
 #include "import/document/LineShape.h"
+#include "import/document/ListRemarks.h"
 #include "import/document/MethodEnd.h"
 #include "import/document/RecipeFacts.h"
 #include "import/document/RecipeSections.h"
@@ -195,9 +196,8 @@ RecipeOutline firstRecipe(const QList<Section>& all)
         if (nextIsSecondList) {
             section.lines = section.lines.first(nextTitle(section.lines));
         }
-        const auto next = std::find_if(all.begin() + i + 1, all.end(), [](const Section& other) {
-            return other.kind != HeadingKind::Other;
-        });
+        const auto next = std::find_if(all.begin() + i + 1, all.end(),
+                                       [](const Section& other) { return other.kind != HeadingKind::Other; });
         if (section.kind == HeadingKind::Ingredients && result.directions.isEmpty() && next != all.end() &&
             next->kind == HeadingKind::Ingredients && hasMethodBehindList(section.lines)) {
             section.lines = section.lines.first(nextTitle(section.lines));
@@ -361,6 +361,10 @@ RecipeOutline outline(const QList<TextLine>& lines)
     endAt(methodEnd(result.directions), result.directions, result.head);
     endAt(factsBegin(result.directions), result.directions, result.head);
     endAt(factsBegin(result.ingredients), result.ingredients, result.head);
+    const LineRange list = withoutRemarks(result.ingredients);
+    endAt(list.end, result.ingredients, result.head);
+    result.head += result.ingredients.first(list.begin);
+    result.ingredients.remove(0, list.begin);
     return result;
 }
 

@@ -228,6 +228,19 @@ const QSet<QString>& RecipeWords::pantryPairs()
     return pairs;
 }
 
+const QSet<QString>& RecipeWords::groupNames()
+{
+    static const QSet<QString> words = asSet(listed(
+        u"dough|filling|fillings|stuffing|sauce|topping|toppings|marinade|dressing|vinaigrette|optional|"
+        u"garnish|"
+        u"crust|glaze|frosting|icing|batter|base|spices|syrup|extras|assembly|"
+        u"teig|füllung|soße|belag|guss|streusel|gewürze|pâte|garniture|farce|nappage|masa|relleno|aderezo|"
+        u"cobertura|impasto|ripieno|condimento|deeg|vulling|saus|massa|recheio|molho|ciasto|nadzienie|polewa|"
+        u"sos|"
+        u"deg|fyllning|sås|dej|fyld|glasur"));
+    return words;
+}
+
 const QStringList& RecipeWords::groupOpenings()
 {
     static const QStringList words = listed(

@@ -30,6 +30,9 @@ const QSet<QString>& amountWords();
 const QSet<QString>& pantry();
 /// The same of two words, of which neither says so alone ("sunflower oil").
 const QSet<QString>& pantryPairs();
+/// Last words of the heading of a group of ingredients ("Cheese filling"), which may as well be in an
+/// ingredient.
+const QSet<QString>& groupNames();
 /// First words of the heading of a group of ingredients ("For the sauce").
 const QStringList& groupOpenings();
 

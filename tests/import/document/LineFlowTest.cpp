@@ -173,6 +173,18 @@ INSTANTIATE_TEST_SUITE_P(Lists, ListsByPlace, testing::Values(
     ListCase{"AnAmountInWordsBelowAFullLine", 19, {
         {0, "100g olives"}, {1.2, "2 chopped chillies"}, {1.2, "a pinch of salt"}},
         "100g olives/2 chopped chillies/a pinch of salt"},
+    ListCase{"AGroupSetOffByABlankSpace", 36, {
+        {0, "Dough"}, {1.3, "4 eggs"}, {1.2, "A little oil"},
+        {1.7, "Cheese Filling"}, {1.3, "1 lemon"}, {1.2, "Parsley"},
+        {1.7, "Topping"}, {1.3, "Chopped crab meat"}, {1.2, "Dill"}},
+        "Dough:/4 eggs/A little oil/Cheese Filling:/1 lemon/Parsley/Topping:/Chopped crab meat/Dill"},
+    ListCase{"NoGroupAboveTheRestOfAnEntry", 24, {
+        {0, "1 lb chicken"}, {1.7, "2 tbsp butter"}, {1.7, "2 onions"}, {1.7, "1 egg"},
+        {1.7, "Sandwich bun or a bread"}, {1.2, "(a good one)"}, {1.7, "1 lemon"}},
+        "1 lb chicken/2 tbsp butter/2 onions/1 egg/Sandwich bun or a bread (a good one)/1 lemon"},
+    ListCase{"AFirstEntryWithoutAnAmount", 36, {
+        {0, "Pot of water"}, {1.2, "320g spaghetti"}, {1.2, "2 cloves"}, {1.2, "10g capers"}},
+        "Pot of water/320g spaghetti/2 cloves/10g capers"},
     ListCase{"BehindABracketThatIsClosed", 36, {
         {0, "1 sweet pepper"}, {1.2, "50 g grated mountain cheese, or more"}, {1.2, "leaves of basil (fresh is best)"},
         {1.2, "chilli flakes"}, {1.2, "1 onion"}},

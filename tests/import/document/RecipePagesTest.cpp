@@ -80,6 +80,35 @@ INSTANTIATE_TEST_SUITE_P(Pages, RecipesOnPages, testing::Values(
         "2 leeks/1 l stock",
         "Heat the oil in a large pot./Add the leeks and let them soften./Pour in the stock and let it boil./"
         "Serve the soup at once, with bread."},
+    RecipePage{"RemarksAboutAListInFrontOfItAndBehindIt",
+        "Soup\n"
+        "Method\n"
+        "1. Heat the oil in a large pot.\n"
+        "2. Add the leeks and the stock.\n"
+        "\n"
+        "Ingredients\n"
+        "A soup for cold days, when nobody wants to\n"
+        "go out for more.\n"
+        "2 leeks\n"
+        "1 l stock\n"
+        "Chives\n"
+        "Enjoy!\n"
+        "Photograph: Ada Byron\n"
+        "\n"
+        "Read it all once before you begin.\n",
+        "2 leeks/1 l stock/Chives", "Heat the oil in a large pot./Add the leeks and the stock."},
+    RecipePage{"EntriesThatEndAsSentencesDo",
+        "Soup\n"
+        "Ingredients\n"
+        "Some chicken breast or similar meat.\n"
+        "Onions.\n"
+        "Cream, or sour cream if you like.\n"
+        "One glass of white wine.\n"
+        "Method\n"
+        "1. Fry the chicken with the onions.\n"
+        "2. Add the cream and the wine.\n",
+        "Some chicken breast or similar meat./Onions./Cream, or sour cream if you like./One glass of white wine.",
+        "Fry the chicken with the onions./Add the cream and the wine."},
     RecipePage{"StepWhoseNumberTheFontDoesNotHave",
         "Soup\n"
         "Ingredients\n"
