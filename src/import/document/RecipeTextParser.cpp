@@ -85,6 +85,26 @@ void joinDropCaps(QList<TextLine>& lines)
     }
 }
 
+/// "(Serves 6)" without its brackets.
+QString withoutBrackets(const QString& text)
+{
+    return text.startsWith(u'(') && text.endsWith(u')') ? text.sliced(1).chopped(1) : text;
+}
+
+/// Takes what only the heading of the ingredients can have left of itself off its list: the end of its
+/// brackets ("people)") and labels without a value.
+void takeRestsOfHeading(QList<TextLine>& list)
+{
+    const QString first = list.isEmpty() ? QString() : list.first().text;
+    const QString rest = first.endsWith(u')') ? first.chopped(1) : QString();
+    const bool isCount =
+        !rest.isEmpty() && std::all_of(rest.begin(), rest.end(), [](QChar c) { return c.isDigit(); });
+    if (isCount || (!rest.isEmpty() && RecipeFacts::isYield(QStringLiteral("4 ") + rest))) {
+        list.removeFirst();
+    }
+    list.removeIf([](const TextLine& line) { return RecipeFacts::isBareLabel(line.text); });
+}
+
 /// Facts that stand inside a list rather than above it ("Serves 4" under the heading of the ingredients).
 /// Among directions only a label with a colon tells them from the words of a sentence.
 void takeFacts(QList<TextLine>& lines, RecipeDraft& draft, bool onlyLabelled)
@@ -102,9 +122,10 @@ void takeFacts(QList<TextLine>& lines, RecipeDraft& draft, bool onlyLabelled)
     for (const TextLine& line : lines) {
         const bool isLabelled = line.text.contains(u':') && !LineShape::looksLikeStep(line.text);
         const bool isValue = std::exchange(isOpen, false) && RecipeFacts::isDuration(line.text);
-        if (isValue || (RecipeFacts::isFact(line.text) && (isLabelled || !onlyLabelled)) ||
-            RecipeFacts::areSeveral(line.text)) {
-            facts.read(line.text);
+        const QString text = onlyLabelled ? line.text : withoutBrackets(line.text);
+        if (isValue || (RecipeFacts::isFact(text) && (isLabelled || !onlyLabelled)) ||
+            RecipeFacts::areSeveral(text)) {
+            facts.read(text);
             isOpen = line.text.endsWith(u':');
             startsBlock = true;
             continue;
@@ -134,6 +155,7 @@ Reading readingOf(QList<TextLine> lines, const QStringList& siteNames)
     reading.result.hasMoreRecipes = parts.hasMoreRecipes;
     readHead(parts, siteNames, draft);
     takeFacts(parts.ingredients, draft, false);
+    takeRestsOfHeading(parts.ingredients);
     takeFacts(parts.directions, draft, true);
     draft.ingredients =
         RecipeItems::runIn(parts.ingredients).value_or(RecipeItems::ingredients(parts.ingredients));

@@ -318,6 +318,20 @@ TEST(RecipeTextParser, ReadsAListThatIsSetAsAText)
     EXPECT_EQ(draft.yield, u"4.");
 }
 
+TEST(RecipeTextParser, TakesWhatAHeadingOrARowOfFactsLeavesOffTheList)
+{
+    const auto ingredients = [](const std::string& list) {
+        const std::string text = "# Soup\nIngredients\n" + list + "\nMethod\nBoil the eggs.";
+        return texts(RecipeTextParser::parse(page(text.c_str())).ingredients);
+    };
+    for (const char* left : {"people)", "12)", "(Serves 6)", "Prep time", "Servings:"}) {
+        EXPECT_THAT(ingredients(std::string(left) + "\n2 eggs\n1 onion (red)\nsalt"),
+                    ElementsAre("2 eggs", "1 onion (red)", "salt"))
+            << left;
+    }
+    EXPECT_THAT(ingredients("chickpeas)\n2 eggs\nsalt"), ElementsAre("chickpeas)", "2 eggs", "salt"));
+}
+
 TEST(RecipeTextParser, LeavesOutWhatACardOrAPageSaysOfItself)
 {
     const auto draft = RecipeTextParser::parse(page(
