@@ -114,6 +114,10 @@ double LineFlow::limit(qsizetype i) const
 bool LineFlow::areWrappedAtReach() const
 {
     constexpr qsizetype leastRests = 3;
+    const bool isTable = m_lines.first().columnRight > 1;
+    if (isTable) {
+        return false;
+    }
     qsizetype behindFull = 0;
     qsizetype behindShort = 0;
     for (qsizetype i = 1; i < m_lines.size(); ++i) {
@@ -122,8 +126,6 @@ bool LineFlow::areWrappedAtReach() const
             ++(followsLongLine(i) ? behindFull : behindShort);
         }
     }
-    if (m_lines.first().columnRight > 1)
-        return false;
     return behindFull >= leastRests && behindFull > 2 * behindShort;
 }
 

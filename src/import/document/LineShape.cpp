@@ -246,6 +246,17 @@ bool LineShape::startsWithVerb(const QString& raw)
     return beginsWithVerb(words(withoutBullet(raw)));
 }
 
+QString LineShape::lettersOf(const QString& text)
+{
+    QString letters;
+    for (const QChar c : text) {
+        if (c.isLetterOrNumber()) {
+            letters += c.toLower();
+        }
+    }
+    return letters;
+}
+
 double LineShape::estimatedWidth(const QString& text)
 {
     static const QString narrow = QStringLiteral("iljtfrI.,:;'’|!()[]1 ");

@@ -56,6 +56,9 @@ bool endsSentence(const QString& text);
 /// Letters, all of them capitals.
 bool isAllCapitals(const QString& text);
 
+/// The letters and digits alone, in lower case: names that are written alike are equal.
+QString lettersOf(const QString& text);
+
 /// Width that the text takes in a proportional font, in units of an average letter. Only good for comparing
 /// lines of one column.
 double estimatedWidth(const QString& text);

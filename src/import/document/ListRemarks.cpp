@@ -19,13 +19,14 @@ bool isEntry(const QString& text)
     return hasAmountOrBullet(text) || RecipeWords::amountWords().contains(text.section(u' ', 0, 0).toLower());
 }
 
-/// "Read it all before you begin.", "Enjoy!", but not "salt, ca." nor "or a can of tuna (drained)."
+/// "Read it all before you begin.", "Enjoy!", but not "salt, ca.", "or a can of tuna (drained)." nor the end
+/// of a list that is set as a text ("cups milk; salt; pepper.").
 bool endsRemark(const QString& text)
 {
     constexpr qsizetype leastSpaces = 3;
-    return !isEntry(text) &&
-           (text.endsWith(u'!') || (LineShape::endsSentence(text) && !text.endsWith(u':') &&
-                                    !text.endsWith(u')') && text.count(u' ') >= leastSpaces));
+    return !isEntry(text) && (text.endsWith(u'!') || (LineShape::endsSentence(text) && !text.endsWith(u':') &&
+                                                      !text.endsWith(u')') && !text.contains(u';') &&
+                                                      text.count(u' ') >= leastSpaces));
 }
 
 } // namespace
@@ -35,6 +36,14 @@ LineRange withoutRemarks(const QList<TextLine>& list)
     constexpr qsizetype longestIntroduction = 8;
     constexpr qsizetype longestRemark = 4;
     LineRange range{0, list.size()};
+    // "Enjoy!"
+    const auto cutCheers = [&] {
+        while (range.end > 1 && list[range.end - 1].text.endsWith(u'!') &&
+               !isEntry(list[range.end - 1].text)) {
+            --range.end;
+        }
+    };
+    cutCheers();
     const auto isEntryLine = [](const TextLine& line) { return isEntry(line.text); };
     const auto isSentence = [](const TextLine& line) {
         return LineShape::endsSentence(line.text) && !line.text.endsWith(u':');
@@ -50,13 +59,19 @@ LineRange withoutRemarks(const QList<TextLine>& list)
          ++i) {
         range.begin = endsRemark(list[i].text) ? i + 1 : range.begin;
     }
-    for (qsizetype i = list.size() - 1; i > range.begin && i + longestRemark >= list.size(); --i) {
-        const bool isApart = list[i].startsBlock || list[i].text.endsWith(u'!');
+    QString remark;
+    for (qsizetype i = range.end - 1; i > range.begin && i + longestRemark >= list.size(); --i) {
         if (isEntry(list[i].text)) {
             break;
         }
-        range.end = isApart && list[i].text.front().isUpper() && endsRemark(list[i].text) ? i : range.end;
+        const bool goesOn = !remark.isEmpty() && remark.front().isLower();
+        remark = goesOn ? list[i].text + u' ' + remark : list[i].text;
+        if (list[i].startsBlock && remark.front().isUpper() && endsRemark(remark)) {
+            range.end = i;
+            remark.clear();
+        }
     }
+    cutCheers();
     return range;
 }
 

@@ -8,6 +8,7 @@
 #include <QtCore/QSet>
 
 #include <algorithm>
+#include <cmath>
 
 namespace ovrin {
 
@@ -34,6 +35,13 @@ const QRegularExpression& wayThroughSite()
 {
     static const QRegularExpression way = pattern(QStringLiteral("^\\S[^.]{0,40}\\s[›»>]\\s[^.]{0,60}$"));
     return way;
+}
+
+/// "Your address: ________"
+const QRegularExpression& formField()
+{
+    static const QRegularExpression field = pattern(QStringLiteral("_{6,}$"));
+    return field;
 }
 
 /// "Save | Print | Share", "Save Print Share"
@@ -222,13 +230,14 @@ bool PageFurniture::isFurniture(const QString& line)
         // A browser's print header: a date and a clock, then the page's title.
         pattern(QStringLiteral("^\\d{1,2}[./-]\\d{1,2}[./-]\\d{2,4},?\\s+\\d{1,2}:\\d{2}")),
         wayThroughSite(),
-        pattern(
-            QStringLiteral("^(?:skip to|jump to|subscribe|follow us|sign up|log in|advertisement|sponsored|"
-                           "scroll down|continue reading|read more|click here|leave a (?:comment|review)|"
-                           "save this recipe|print this|pin (?:it|this|recipe)|rate this|share (?:this|on)|"
-                           "printed from|shared from|find this recipe|this (?:post|page) (?:may )?contains? "
-                           "affiliate|accept cookies|"
-                           "we use cookies|follow @|tag @)\\b")),
+        pattern(QStringLiteral(
+            "^(?:skip to|jump to|(?:un)?subscribe|follow us|sign up|log in|advertisement|sponsored|"
+            "scroll down|continue reading|read more|click here|leave a (?:comment|review)|"
+            "save this recipe|print this|pin (?:it|this|recipe)|rate this|share (?:this|on)|"
+            "printed from|shared from|find this recipe|this (?:post|page) (?:may )?contains? "
+            "affiliate|accept cookies|"
+            "we use cookies|follow @|tag @)\\b")),
+        formField(),
         // A phone's network beside its battery.
         pattern(QStringLiteral("^(?:lte|[2345]g|wi-?fi|edge)\\b[\\s\\d%]*$")),
         // That a card goes on overleaf, when a sheet was issued, and its number.
@@ -275,6 +284,25 @@ bool isAddressInText(const QList<TextLine>& lines, qsizetype i)
            (alone.match(lines[i].text).hasMatch() && openEnd.match(lines[i - 1].text).hasMatch());
 }
 
+/// Whether line `i` goes on the one before in small type of the same size.
+bool isSmallPrintBelow(const QList<TextLine>& lines, qsizetype i)
+{
+    constexpr double sameSize = 0.02;
+    return i > 0 && i < lines.size() && !lines[i].startsBlock && lines[i].relativeHeight < 1 - sameSize &&
+           std::abs(lines[i].relativeHeight - lines[i - 1].relativeHeight) < sameSize;
+}
+
+/// Whether line `i` is what an advertisement says, right below its label, or what a form asks for, right
+/// above its fields.
+bool isBesideLabel(const QList<TextLine>& lines, qsizetype i)
+{
+    static const QRegularExpression label = pattern(QStringLiteral(
+        "^(?:advertisement|advert|sponsored|promotion|anzeige|werbung|publicité|publicidad|"
+        "anuncio|pubblicità|annuncio|advertentie|publicidade|reklama|reklam|annons|annonce)$"));
+    return (isSmallPrintBelow(lines, i) && label.match(lines[i - 1].text).hasMatch()) ||
+           (isSmallPrintBelow(lines, i + 1) && formField().match(lines[i + 1].text).hasMatch());
+}
+
 } // namespace
 
 QList<TextLine> PageFurniture::removed(const QList<TextLine>& lines)
@@ -297,7 +325,8 @@ QList<TextLine> PageFurniture::removed(const QList<TextLine>& lines)
                                  (i + 1 == lines.size() || lines[i + 1].page != line.page || i == 0 ||
                                   lines[i - 1].page != line.page || isAtFoot(line));
         if (line.text.isEmpty() || recurs || numbersPage || isLoneFoot(lines, i) || isPageName(lines, i) ||
-            (isFurniture(line.text) && !isAddressInText(lines, i)) || repeatsSite(line)) {
+            isBesideLabel(lines, i) || (isFurniture(line.text) && !isAddressInText(lines, i)) ||
+            repeatsSite(line)) {
             continue;
         }
         line.startsBlock = startsBlock;

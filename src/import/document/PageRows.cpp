@@ -94,7 +94,9 @@ QList<TextLine> PageRows::joinedCells(const QList<TextLine>& lines, const PageMe
     QList<TextLine> result;
     for (const TextLine& line : lines) {
         if (!result.isEmpty() && measure.isSameRow(result.last(), line) &&
-            line.place.left() > result.last().place.right() &&
+            // An amount that is too long for its column reaches into the next one.
+            line.place.left() > result.last().place.center().x() &&
+            line.place.right() > result.last().place.right() &&
             isAmountAndName(result.last().text, line.text)) {
             TextLine& cell = result.last();
             // A tall number does not make the type of its text larger.

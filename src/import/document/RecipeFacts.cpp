@@ -87,7 +87,8 @@ const QList<RecipeFacts::Label>& RecipeFacts::labels()
         // What follows these is a name, whatever it looks like.
         {Kind::Author,
          pattern(QStringLiteral(
-             "^(?:(?:recipe )?from the kitchen of|(?:recipe )?shared by|aus der küche von|de la cuisine de|"
+             "^(?:(?:recipe )?from the kitchen of|recipe by|(?:recipe )?(?:shared|posted|submitted) by|"
+             "aus der küche von|de la cuisine de|"
              "de la cocina de|dalla cucina di|uit de keuken van|da cozinha de|z kuchni|från köket hos|fra "
              "køkkenet hos)"
              "(\\s*[:：]\\s*|\\s+)(.*)$"))},

@@ -22,22 +22,11 @@ constexpr qsizetype leastSummary = 40;
 /// Lines of running text that make what stands above a card a text of its own.
 constexpr qsizetype leastProse = 4;
 
-QString lettersOf(const QString& text)
-{
-    QString letters;
-    for (const QChar c : text) {
-        if (c.isLetterOrNumber()) {
-            letters += c.toLower();
-        }
-    }
-    return letters;
-}
-
 QSet<QString> longWords(const QString& text)
 {
     QSet<QString> words;
     for (const QString& raw : text.toLower().split(u' ', Qt::SkipEmptyParts)) {
-        const QString word = lettersOf(raw);
+        const QString word = LineShape::lettersOf(raw);
         if (word.size() > 3) {
             words.insert(word.first(4));
         }
@@ -90,7 +79,7 @@ public:
 private:
     void takeUnlessPublisher(const TextLine& line)
     {
-        if (m_siteNames.contains(lettersOf(line.text))) {
+        if (m_siteNames.contains(LineShape::lettersOf(line.text))) {
             if (m_draft.publisher.isEmpty()) {
                 m_draft.publisher = line.text;
             }

@@ -23,6 +23,16 @@ bool hasOpenBracket(const QString& text)
     return text.count(u'(') > text.count(u')');
 }
 
+/// "salt to taste", "sunflower oil": a name that is whole, whatever stands before it.
+bool standsAlone(const QString& text)
+{
+    const QString first = text.section(u' ', 0, 0).toLower();
+    const QString second = text.section(u' ', 1, 1).toLower();
+    const bool saysUse = second == u"to" || second == u"for" || second == u"as";
+    return RecipeWords::pantryPairs().contains(first + u' ' + second) ||
+           (saysUse && RecipeWords::pantry().contains(first));
+}
+
 /// What a list may well name alone on a line, without an amount and without a capital: "salt", "water to thin
 /// the sauce", "sunflower oil".
 bool isPantryItem(const QString& text)
@@ -32,10 +42,8 @@ bool isPantryItem(const QString& text)
     while (!first.isEmpty() && !first.back().isLetter()) {
         first.chop(1);
     }
-    const QString second = text.section(u' ', 1, 1).toLower();
-    const bool saysUse = second == u"to" || second == u"for" || second == u"as";
-    return RecipeWords::pantryPairs().contains(first + u' ' + second) ||
-           (RecipeWords::pantry().contains(first) && (saysUse || text.count(u' ') <= mostSpaces));
+    return standsAlone(text) || (RecipeWords::pantry().contains(first) &&
+                                 text.section(u'(', 0, 0).trimmed().count(u' ') <= mostSpaces);
 }
 
 /// A number that its unit or its fraction must follow ("2" and then "1/4 lb").
@@ -60,11 +68,18 @@ bool isAmountAlone(const QString& text)
     return std::all_of(amounts.begin(), amounts.end(), LineShape::isBareAmount);
 }
 
-/// An amount, in figures or in words.
+/// An amount, in figures or in words ("a pinch of", but not "juice" alone).
 bool opensWithAmount(const QString& text)
 {
     return LineShape::startsWithAmount(text) ||
-           RecipeWords::amountWords().contains(text.section(u' ', 0, 0).toLower());
+           (text.contains(u' ') && RecipeWords::amountWords().contains(text.section(u' ', 0, 0).toLower()));
+}
+
+/// "200 g flour", "about 50 g cheese", but not "a letter each week".
+bool namesAmount(const QString& text)
+{
+    return LineShape::startsWithAmount(text) ||
+           (opensWithAmount(text) && LineShape::startsWithAmount(text.section(u' ', 1)));
 }
 
 /// "(optional, to have a", "(see below)", but not "(Optional) a bottle of stout".
@@ -76,6 +91,18 @@ bool opensAside(const QString& text)
 QString lastWord(const QString& text)
 {
     return text.section(u' ', -1).toLower();
+}
+
+/// "extra virgin": what a name must follow, but not "1 onion, large".
+bool endsInModifier(const QString& text)
+{
+    return RecipeWords::modifiers().contains(lastWord(text)) && !text.contains(u',');
+}
+
+/// "extra virgin", "peeled,"
+bool isOpenEnd(const QString& text)
+{
+    return text.endsWith(u',') || RecipeWords::modifiers().contains(lastWord(text));
 }
 
 /// No column is so narrow that its lines are wrapped at this width, in LineShape::estimatedWidth.
@@ -96,7 +123,6 @@ public:
         qsizetype lowerCase = 0;
         qsizetype words = 0;
         qsizetype rests = 0;
-        qsizetype lowerEntries = 0;
         for (qsizetype i = 0; i < lines.size(); ++i) {
             const TextLine& line = lines[i];
             const bool starting = LineShape::startsWithAmount(line.text) || LineShape::hasBullet(line.text);
@@ -105,22 +131,21 @@ public:
             const bool isWord = !line.text.isEmpty() && line.text.front().isLetter();
             words += isWord ? 1 : 0;
             lowerCase += isWord && line.text.front().isLower() ? 1 : 0;
-            if (i > 0 && isWord && line.text.front().isLower()) {
-                ++(m_flow.hadRoom(i) ? lowerEntries : rests);
-            }
+            rests += i > 0 && isWord && line.text.front().isLower() && !m_flow.hadRoom(i) ? 1 : 0;
         }
         const auto blocks =
             std::count_if(lines.begin(), lines.end(), [](const TextLine& line) { return line.startsBlock; });
         m_isScattered = blocks * 3 > lines.size() * 2;
         m_isSpaced = starts >= 3 && apart * 10 >= starts * 8;
+        m_hasAmounts = starts >= 3 && starts * 10 >= (lines.size() - rests) * 3;
         m_isAmountList = starts * 10 >= (lines.size() - rests) * 7;
-        m_hasRests = rests > 2 * lowerEntries && (rests > 1 || lowerEntries == 0);
         m_isLowerCase = lowerCase * 2 > words;
         m_mayWrap = m_fullWidth > narrowestColumn && hasWrappedLines(lines);
         const auto first = std::find_if(lines.begin(), lines.end(),
                                         [](const TextLine& line) { return !line.text.endsWith(u':'); });
         m_hasAmountsFirst = first != lines.end() && isAmountAlone(first->text);
-        m_hasCapitalRests = m_flow.isPlaced() && hasCapitalRests(rests);
+        m_namesBehindFull = namesBehindFull(false);
+        m_lowerNamesBehindFull = namesBehindFull(true);
         m_entryGap = entryGap();
         for (qsizetype i = 1; i < lines.size() && !m_hasFurtherGroup; ++i) {
             m_hasFurtherGroup = isGroupHeading(i);
@@ -178,12 +203,17 @@ public:
         }
         const bool room = m_flow.hadRoom(i);
         const LineFlow::Verdict verdict = m_flow.verdict(i);
+        if (endsInModifier(entry) && !opensWithAmount(text) && !line.startsBlock &&
+            verdict != LineFlow::Verdict::Begins) {
+            return true;
+        }
         const bool runsOn = hasOpenBracket(entry) || (previous.endsWith(u':') && isAmountAlone(text)) ||
                             QStringView(u"-/|").contains(previous.back()) ||
                             RecipeWords::connectors().contains(lastWord(previous)) ||
                             (isCount(lastWord(previous)) && !room);
         if (verdict == LineFlow::Verdict::Continues) {
-            return runsOn || ((!room || !opensWithAmount(text)) && !(m_isScattered && line.startsBlock));
+            return runsOn || ((!room || !opensWithAmount(text)) && !(m_isScattered && line.startsBlock) &&
+                              !(standsAlone(text) && !isOpenEnd(previous)));
         }
         if (verdict == LineFlow::Verdict::Begins) {
             return hasOpenBracket(entry) && !room && !line.startsBlock;
@@ -205,16 +235,10 @@ public:
         if (runsOn || (text.startsWith(u'(') && text.endsWith(u')'))) {
             return true;
         }
-        if (!room && (QStringView(u"/&").contains(text.front()) || opensAside(text) ||
-                      RecipeWords::modifiers().contains(lastWord(previous)))) {
+        if (!room && (QStringView(u"/&").contains(text.front()) || opensAside(text) || isOpenEnd(previous))) {
             return true;
         }
-        const bool isRest = m_isAmountList && !room && LineShape::startsWithAmount(previous);
-        if (isRest && text.front().isLower() && m_flow.isPlaced() && m_hasRests && !previous.endsWith(u')') &&
-            !(text.contains(u' ') && (isPantryItem(text) || opensWithAmount(text)))) {
-            return true;
-        }
-        if (m_hasCapitalRests && !room && LineShape::startsWithAmount(entry) && mayBeCapitalRest(i)) {
+        if (isRestOfFullLine(i, entry)) {
             return true;
         }
         if (!m_mayWrap || isPantryItem(text) || opensWithAmount(text)) {
@@ -275,36 +299,35 @@ private:
                (!m_isLowerCase || starts * 2 > behindFull || m_fullWidth > 1.6 * medianWidth(lines));
     }
 
-    /// Whether line `i`, which begins with a capital, may be the rest of the one before by its words.
-    bool mayBeCapitalRest(qsizetype i) const
+    /// How many more lines without an amount or a mark, in lower case or all, follow full lines than short
+    /// ones.
+    qsizetype namesBehindFull(bool onlyLower) const
     {
-        constexpr qsizetype mostSpaces = 3;
-        const QString& text = m_lines[i].text;
-        return text.front().isUpper() && text.count(u' ') <= mostSpaces && !isPantryItem(text) &&
-               !m_lines[i - 1].text.endsWith(u')') && !opensWithAmount(text);
-    }
-
-    /// Whether lines that begin with a capital mostly follow full lines, where the lines in front of an
-    /// amount are mostly not full: in a list that writes All Words With Capitals they are rests too. `rests`
-    /// is the number of those in lower case.
-    bool hasCapitalRests(qsizetype rests) const
-    {
-        qsizetype capitals = 0;
-        qsizetype behindFull = 0;
-        qsizetype amounts = 0;
-        qsizetype amountsBehindFull = 0;
+        qsizetype more = 0;
         for (qsizetype i = 1; i < m_lines.size(); ++i) {
-            const bool isFull = !m_flow.hadRoom(i);
-            if (LineShape::startsWithAmount(m_lines[i].text)) {
-                ++amounts;
-                amountsBehindFull += isFull ? 1 : 0;
-            } else if (mayBeCapitalRest(i)) {
-                ++capitals;
-                behindFull += isFull ? 1 : 0;
+            const QString& text = m_lines[i].text;
+            if (m_flow.verdict(i) == LineFlow::Verdict::Unknown && !LineShape::hasBullet(text) &&
+                !opensWithAmount(text) && (text.front().isLower() || !onlyLower)) {
+                more += m_flow.hadRoom(i) ? -1 : 1;
             }
         }
-        return behindFull + rests > 1 && behindFull * 5 >= capitals * 3 &&
-               behindFull * (amounts + 1) > 2 * amountsBehindFull * (capitals + 1);
+        return more;
+    }
+
+    /// Whether line `i` is the rest of `entry`, which opens with an amount and fills the line before, by its
+    /// words: a name in lower case that does not stand alone, or what lines without an amount are in this
+    /// list.
+    bool isRestOfFullLine(qsizetype i, const QString& entry) const
+    {
+        const QString& text = m_lines[i].text;
+        if (!m_hasAmounts || !m_flow.isPlaced() || m_flow.hadRoom(i) || !namesAmount(entry) ||
+            !text.front().isLetter() || opensWithAmount(text) || m_lines[i - 1].text.endsWith(u')')) {
+            return false;
+        }
+        if (isPantryItem(text)) {
+            return text.front().isLower() && !text.contains(u' ') && m_lowerNamesBehindFull >= 0;
+        }
+        return text.front().isLower() || m_namesBehindFull > 0;
     }
 
     bool startsWithMarkOrAmount(qsizetype i) const
@@ -320,11 +343,12 @@ private:
     bool m_isSpaced = false;
     /// Most lines were read with something else between them, as rows of a table may be.
     bool m_isScattered = false;
+    /// Enough lines open with an amount to take them for a habit.
+    bool m_hasAmounts = false;
     bool m_isAmountList = false;
     bool m_isLowerCase = false;
-    /// More lines in lower case follow full lines, as rests do, than short ones.
-    bool m_hasRests = false;
-    bool m_hasCapitalRests = false;
+    qsizetype m_namesBehindFull = 0;
+    qsizetype m_lowerNamesBehindFull = 0;
     bool m_hasAmountsFirst = false;
     double m_entryGap = 0;
     /// A group has a heading below the first line.

@@ -319,8 +319,8 @@ qsizetype factsBegin(const QList<TextLine>& lines)
     return lines.size();
 }
 
-/// Where, in a list, steps begin that count on from `last`, at least three of them: the end of a method that
-/// was read with the list beside it.
+/// Where, in a list, steps begin that count on from `last`: the end of a method that was read with the list
+/// beside it. One or two must look like steps and end the list; of more, most must.
 qsizetype stepsCountedOn(const QList<TextLine>& list, int last)
 {
     constexpr int leastSteps = 3;
@@ -340,7 +340,12 @@ qsizetype stepsCountedOn(const QList<TextLine>& list, int last)
             certain += isStep ? 1 : 0;
         }
     }
-    return found >= leastSteps && certain * 2 > found ? first : list.size();
+    const bool endsList = std::none_of(list.begin() + first, list.end(), [](const TextLine& line) {
+        return LineShape::startsWithMeasure(line.text);
+    });
+    const bool areFew = found > 0 && certain == found && last >= leastSteps && endsList &&
+                        LineShape::looksLikeStep(LineShape::counted(list[first].text)->rest);
+    return areFew || (found >= leastSteps && certain * 2 > found) ? first : list.size();
 }
 
 /// Cuts `part` off before line `end`; the rest goes behind `other`.

@@ -104,6 +104,10 @@ Heading headingOf(const QString& line)
             if (rest.startsWith(u'(') && text.endsWith(u')') && text.size() <= longestHeading) {
                 return {table.kind, rest};
             }
+            // "Ingredients (Yield: 10-11", wrapped.
+            if (rest.startsWith(u'(') && !rest.contains(u')') && RecipeFacts::isFact(rest.mid(1))) {
+                return {table.kind, rest.mid(1)};
+            }
             // "Zutaten für 4 Personen", "Ingredients · Serves 4".
             const QString fact = withoutSeparator(rest);
             const bool isParted = fact.size() < rest.size() && RecipeFacts::isYield(fact);

@@ -99,10 +99,32 @@ void takeRestsOfHeading(QList<TextLine>& list)
     const QString rest = first.endsWith(u')') ? first.chopped(1) : QString();
     const bool isCount =
         !rest.isEmpty() && std::all_of(rest.begin(), rest.end(), [](QChar c) { return c.isDigit(); });
-    if (isCount || (!rest.isEmpty() && RecipeFacts::isYield(QStringLiteral("4 ") + rest))) {
+    if (isCount || (!rest.isEmpty() && RecipeFacts::isYield(QStringLiteral("4 ") + rest)) ||
+        RecipeFacts::isBareLabel(first)) {
         list.removeFirst();
     }
-    list.removeIf([](const TextLine& line) { return RecipeFacts::isBareLabel(line.text); });
+    // "oil, plus more for / serving" ends in none.
+    list.removeIf([](const TextLine& line) {
+        return line.text.front().isUpper() && RecipeFacts::isBareLabel(line.text);
+    });
+}
+
+/// Takes off the ends of the list what names the recipe or the site, unless by one word: "Oats" may well
+/// need oats.
+void takeNames(QList<TextLine>& list, const QString& title, const QStringList& siteNames)
+{
+    const auto isName = [&](const TextLine& line) {
+        const QString name = LineShape::lettersOf(line.text);
+        return LineShape::withoutBullet(line.text).contains(u' ') &&
+               (name == LineShape::lettersOf(title) || siteNames.contains(name));
+    };
+    constexpr qsizetype leastEntries = 2;
+    if (list.size() > leastEntries && isName(list.last())) {
+        list.removeLast();
+    }
+    if (list.size() > leastEntries && isName(list.first())) {
+        list.removeFirst();
+    }
 }
 
 /// Facts that stand inside a list rather than above it ("Serves 4" under the heading of the ingredients).
@@ -156,6 +178,7 @@ Reading readingOf(QList<TextLine> lines, const QStringList& siteNames)
     readHead(parts, siteNames, draft);
     takeFacts(parts.ingredients, draft, false);
     takeRestsOfHeading(parts.ingredients);
+    takeNames(parts.ingredients, draft.title, siteNames);
     takeFacts(parts.directions, draft, true);
     draft.ingredients =
         RecipeItems::runIn(parts.ingredients).value_or(RecipeItems::ingredients(parts.ingredients));

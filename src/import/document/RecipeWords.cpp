@@ -120,6 +120,7 @@ const QSet<QString>& RecipeWords::modifiers()
         u"self-raising|granulated|powdered|caster|icing|unsweetened|boneless|skinless|lean|pickled|"
         u"canned|tinned|italian|french|greek|spanish|chinese|mexican|irish|english|balsamic|"
         u"worcestershire|cayenne|curry|cherry|plum|spring|full-fat|low-fat|free-range|flat-leaf|good|"
+        u"quality|neutral|peanut|oyster|hoisin|hard-boiled|soft-boiled|low-sodium|"
         u"jigger|condensed|evaporated|double|minced|grated|shredded|crushed|cooked|"
         u"frischer|frische|frisches|frischen|gemahlener|gemahlene|gemahlenes|gehackte|geriebener|geriebene|"
         u"getrocknete|große|kleine|mittelgroße|rote|grüne|gelbe|weiße|weißer|schwarzer|schwarze|brauner|"
@@ -221,10 +222,10 @@ const QSet<QString>& RecipeWords::pantry()
 
 const QSet<QString>& RecipeWords::pantryPairs()
 {
-    static const QSet<QString> pairs = asSet(
-        listed(u"extra virgin|sunflower oil|vegetable oil|canola oil|rapeseed oil|sesame oil|peanut oil|"
-               u"groundnut oil|coconut oil|cooking oil|black pepper|white pepper|ground pepper|sea "
-               u"salt|kosher salt"));
+    static const QSet<QString> pairs = asSet(listed(
+        u"extra virgin|olive oil|sunflower oil|vegetable oil|canola oil|rapeseed oil|sesame oil|peanut oil|"
+        u"groundnut oil|coconut oil|cooking oil|black pepper|white pepper|ground pepper|sea "
+        u"salt|kosher salt"));
     return pairs;
 }
 

@@ -151,6 +151,20 @@ INSTANTIATE_TEST_SUITE_P(Lists, ListsByPlace, testing::Values(
         {1.2, "brown beer (a strong one):"}, {1.2, "  1 l / 4 cups"},
         {1.2, "butter"}, {1.2, "thyme"}, {1.2, "olive oil"}},
         "brown sugar/brown beer (a strong one): 1 l / 4 cups/butter/thyme/olive oil"},
+    ListCase{"RestsThatBeginWithACapital", 19, {
+        {0, "3/4 cup Long Grain"}, {1.2, "Mixture"},
+        {1.2, "2 tbsp Worcester"}, {1.2, "Seasoning"},
+        {1.2, "1 tsp Black Sesame"}, {1.2, "Seeds"},
+        {1.2, "1 egg"}, {1.2, "8 oz Spring Greens"}, {1.2, "Drizzle of oil"}},
+        "3/4 cup Long Grain Mixture/2 tbsp Worcester Seasoning/1 tsp Black Sesame Seeds/1 egg/"
+        "8 oz Spring Greens/Drizzle of oil"},
+    ListCase{"OneRestAlone", 27, {
+        {0, "400 g flour"}, {1.2, "3 eggs"}, {1.2, "about 50 g grated mountain"}, {1.2, "cheese"},
+        {1.2, "1 leek"}, {1.2, "200 g cream"}},
+        "400 g flour/3 eggs/about 50 g grated mountain cheese/1 leek/200 g cream"},
+    ListCase{"ANameWithoutAnAmountBesideAColumnOfThem", 20, {
+        {0, "140 g  flour"}, {1.2, "4      eggs"}, {1.2, "200 ml milk of cows"}, {1.2, "       sunflower oil"}},
+        "140 g  flour/4      eggs/200 ml milk of cows/sunflower oil"},
     ListCase{"AWordThatEndsNoEntry", 21, {
         {0, "1 tsp of smoked"}, {1.2, "paprika"},
         {1.2, "pinch of coriander"},

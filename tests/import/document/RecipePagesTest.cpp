@@ -97,6 +97,31 @@ INSTANTIATE_TEST_SUITE_P(Pages, RecipesOnPages, testing::Values(
         "\n"
         "Read it all once before you begin.\n",
         "2 leeks/1 l stock/Chives", "Heat the oil in a large pot./Add the leeks and the stock."},
+    RecipePage{"RemarksBelowAListWithoutAmounts",
+        "Soup\n"
+        "Ingredients\n"
+        "Lamb shoulder\n"
+        "Beef stock\n"
+        "Thyme\n"
+        "Enjoy!\n"
+        "Method\n"
+        "1. Fry the lamb.\n"
+        "2. Add the stock.\n",
+        "Lamb shoulder/Beef stock/Thyme", "Fry the lamb./Add the stock."},
+    RecipePage{"ARemarkOnTwoLinesBelowAList",
+        "Soup\n"
+        "Ingredients\n"
+        "2 leeks\n"
+        "1 l stock\n"
+        "Chives\n"
+        "\n"
+        "Read the whole recipe\n"
+        "once before you begin.\n"
+        "\n"
+        "Method\n"
+        "1. Heat the oil in a large pot.\n"
+        "2. Add the leeks and the stock.\n",
+        "2 leeks/1 l stock/Chives", "Heat the oil in a large pot./Add the leeks and the stock."},
     RecipePage{"EntriesThatEndAsSentencesDo",
         "Soup\n"
         "Ingredients\n"

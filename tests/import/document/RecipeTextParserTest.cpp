@@ -324,12 +324,45 @@ TEST(RecipeTextParser, TakesWhatAHeadingOrARowOfFactsLeavesOffTheList)
         const std::string text = "# Soup\nIngredients\n" + list + "\nMethod\nBoil the eggs.";
         return texts(RecipeTextParser::parse(page(text.c_str())).ingredients);
     };
-    for (const char* left : {"people)", "12)", "(Serves 6)", "Prep time", "Servings:"}) {
+    for (const char* left : {"people)", "12)", "(Serves 6)", "Prep time", "Servings:", "Recipe by ada"}) {
         EXPECT_THAT(ingredients(std::string(left) + "\n2 eggs\n1 onion (red)\nsalt"),
                     ElementsAre("2 eggs", "1 onion (red)", "salt"))
             << left;
     }
+    EXPECT_THAT(ingredients("1 tbsp of olive oil, plus more for\nserving\n2 eggs\nsalt"),
+                ElementsAre("1 tbsp of olive oil, plus more for serving", "2 eggs", "salt"));
     EXPECT_THAT(ingredients("chickpeas)\n2 eggs\nsalt"), ElementsAre("chickpeas)", "2 eggs", "salt"));
+    const auto draft = RecipeTextParser::parse(
+        page("# Soup\nIngredients (Yield: 10-11\nservings)\n2 eggs\nsalt\nMethod\nBoil the eggs."));
+    EXPECT_THAT(texts(draft.ingredients), ElementsAre("2 eggs", "salt"));
+    EXPECT_EQ(draft.yield, u"10-11");
+}
+
+TEST(RecipeTextParser, TakesWhatNamesTheRecipeOffTheEndsOfTheList)
+{
+    const auto ingredients = [](const std::string& title, const std::string& list) {
+        const std::string text = "# " + title + "\nIngredients\n" + list + "\nMethod\nBoil it.";
+        return texts(RecipeTextParser::parse(page(text.c_str())).ingredients);
+    };
+    EXPECT_THAT(ingredients("Egg Soup", "Egg soup\n2 eggs\nsalt"), ElementsAre("2 eggs", "salt"));
+    EXPECT_THAT(ingredients("Egg Soup", "2 eggs\nsalt\nEgg Soup"), ElementsAre("2 eggs", "salt"));
+    // What it is made of.
+    EXPECT_THAT(ingredients("Oats", "Oats\n200 ml milk\nsalt"), ElementsAre("Oats", "200 ml milk", "salt"));
+}
+
+TEST(RecipeTextParser, LeavesAdvertisementsAndFormsOut)
+{
+    QList<TextLine> lines =
+        page("# Soup\nIngredients\n2 eggs\nsalt\n\nAdvertisement\nBoots at half price\n"
+             "\nMethod\nBoil the eggs.\n\nA letter every Friday.\nYour address: ______________");
+    lines[8].relativeHeight = lines[9].relativeHeight = 0.7;
+    lines[4].relativeHeight = lines[5].relativeHeight = 0.7;
+    EXPECT_THAT(texts(RecipeTextParser::parse(lines).ingredients), ElementsAre("2 eggs", "salt"));
+    EXPECT_THAT(stepTexts(RecipeTextParser::parse(lines)), ElementsAre("Boil the eggs."));
+    // Nothing tells it from the recipe.
+    lines[4].relativeHeight = lines[5].relativeHeight = 1;
+    EXPECT_THAT(texts(RecipeTextParser::parse(lines).ingredients),
+                ElementsAre("2 eggs", "salt", "Boots at half price"));
 }
 
 TEST(RecipeTextParser, LeavesOutWhatACardOrAPageSaysOfItself)
