@@ -212,8 +212,12 @@ public:
                             RecipeWords::connectors().contains(lastWord(previous)) ||
                             (isCount(lastWord(previous)) && !room);
         if (verdict == LineFlow::Verdict::Continues) {
-            return runsOn || ((!room || !opensWithAmount(text)) && !(m_isScattered && line.startsBlock) &&
-                              !(standsAlone(text) && !isOpenEnd(previous)));
+            // Nobody breaks an entry in front of a second amount, unless it runs on.
+            const bool isNext =
+                LineShape::startsWithAmount(text) && namesAmount(entry) && !isOpenEnd(previous);
+            return runsOn ||
+                   (!isNext && (!room || !opensWithAmount(text)) && !(m_isScattered && line.startsBlock) &&
+                    !(standsAlone(text) && !isOpenEnd(previous)));
         }
         if (verdict == LineFlow::Verdict::Begins) {
             return hasOpenBracket(entry) && !room && !line.startsBlock;

@@ -158,6 +158,13 @@ INSTANTIATE_TEST_SUITE_P(Lists, ListsByPlace, testing::Values(
         {1.2, "1 egg"}, {1.2, "8 oz Spring Greens"}, {1.2, "Drizzle of oil"}},
         "3/4 cup Long Grain Mixture/2 tbsp Worcester Seasoning/1 tsp Black Sesame Seeds/1 egg/"
         "8 oz Spring Greens/Drizzle of oil"},
+    ListCase{"AmountsBelowFullLinesAtUnevenSpaces", 20, {
+        {0, "1/4 cup Panko"}, {1.04, "         Breadcrumbs"}, {1.11, "2 tbsp Soy Seasoning"},
+        {1.04, "1 small Green Onion,"}, {1.11, "         chopped"}, {1.11, "3/4 cup Basmati Rice"},
+        {1.04, "2 oz Green Peas"}, {1.11, "1/2 cup Cilantro,"}, {1.04, "         loosely"},
+        {1.11, "         packed"}},
+        "1/4 cup Panko Breadcrumbs/2 tbsp Soy Seasoning/1 small Green Onion, chopped/3/4 cup Basmati Rice/"
+        "2 oz Green Peas/1/2 cup Cilantro, loosely packed"},
     ListCase{"OneRestAlone", 27, {
         {0, "400 g flour"}, {1.2, "3 eggs"}, {1.2, "about 50 g grated mountain"}, {1.2, "cheese"},
         {1.2, "1 leek"}, {1.2, "200 g cream"}},
