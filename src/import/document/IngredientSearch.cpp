@@ -47,8 +47,7 @@ double likenessOf(const TextLine& line, bool isStep)
 /// "Three eggs.", "A pinch of salt"
 bool beginsWithCount(const QString& text)
 {
-    return text.front().isUpper() && text.count(u' ') < 9 &&
-           RecipeWords::amountWords().contains(text.section(u' ', 0, 0).toLower());
+    return text.front().isUpper() && text.count(u' ') < 9 && LineShape::startsWithAmountWord(text);
 }
 
 bool opensGroup(const QString& text)

@@ -30,11 +30,6 @@ double widestTight(std::vector<double> gaps)
     return gaps.front() + sameGap;
 }
 
-bool hasAmountOrBullet(const QString& text)
-{
-    return LineShape::startsWithAmount(text) || LineShape::hasBullet(text);
-}
-
 bool isMost(qsizetype some, qsizetype all)
 {
     return all > 0 && some * 5 >= all * 4;
@@ -330,7 +325,7 @@ double LineFlow::gap(qsizetype i) const
 LineFlow::Verdict LineFlow::look(qsizetype i) const
 {
     const QString& text = m_lines[i].text;
-    if (hasAmountOrBullet(text) || !followsLongLine(i)) {
+    if (LineShape::hasAmountOrBullet(text) || !followsLongLine(i)) {
         return Verdict::Begins;
     }
     return text.front().isLower() || text.front() == u'(' ? Verdict::Continues : Verdict::Unknown;
@@ -416,7 +411,7 @@ bool LineFlow::judgeByClearGaps()
         if (gap(i) < limit) {
             ++tightCount;
             tightBehindFull += followsLongLine(i) ? 1 : 0;
-            tightEntries += hasAmountOrBullet(m_lines[i].text) ? 1 : 0;
+            tightEntries += LineShape::hasAmountOrBullet(m_lines[i].text) ? 1 : 0;
         } else {
             ++wideCount;
             wideRests += look(i) == Verdict::Continues ? 1 : 0;

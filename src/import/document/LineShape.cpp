@@ -246,6 +246,21 @@ bool LineShape::startsWithVerb(const QString& raw)
     return beginsWithVerb(words(withoutBullet(raw)));
 }
 
+bool LineShape::hasAmountOrBullet(const QString& text)
+{
+    return startsWithAmount(text) || hasBullet(text);
+}
+
+bool LineShape::startsWithAmountWord(const QString& text)
+{
+    return RecipeWords::amountWords().contains(text.section(u' ', 0, 0).toLower());
+}
+
+bool LineShape::isCount(const QString& text)
+{
+    return !text.isEmpty() && std::all_of(text.begin(), text.end(), [](QChar c) { return c.isDigit(); });
+}
+
 QString LineShape::lettersOf(const QString& text)
 {
     QString letters;

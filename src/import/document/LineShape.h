@@ -32,6 +32,15 @@ QString withoutBullet(const QString& text);
 /// A digit or a fraction first, perhaps behind a bullet.
 bool startsWithAmount(const QString& text);
 
+/// An entry of a list by its first sign.
+bool hasAmountOrBullet(const QString& text);
+
+/// The first word is an amount ("pinch of salt", "juice of 1 lemon").
+bool startsWithAmountWord(const QString& text);
+
+/// Digits and nothing else.
+bool isCount(const QString& text);
+
 /// An amount and its unit first: "200 g flour".
 bool startsWithMeasure(const QString& text);
 

@@ -1,7 +1,6 @@
 #include "import/document/ListRemarks.h"
 
 #include "import/document/LineShape.h"
-#include "import/document/RecipeWords.h"
 
 #include <algorithm>
 
@@ -9,14 +8,9 @@ namespace ovrin {
 
 namespace {
 
-bool hasAmountOrBullet(const QString& text)
-{
-    return LineShape::startsWithAmount(text) || LineShape::hasBullet(text);
-}
-
 bool isEntry(const QString& text)
 {
-    return hasAmountOrBullet(text) || RecipeWords::amountWords().contains(text.section(u' ', 0, 0).toLower());
+    return LineShape::hasAmountOrBullet(text) || LineShape::startsWithAmountWord(text);
 }
 
 /// "Read it all before you begin.", "Enjoy!", but not "salt, ca.", "or a can of tuna (drained)." nor the end
@@ -55,8 +49,8 @@ LineRange withoutRemarks(const QList<TextLine>& list)
         std::count_if(list.begin(), list.end(), isSentence) * 2 > list.size()) {
         return range;
     }
-    for (qsizetype i = 0; i < std::min(longestIntroduction, list.size()) && !hasAmountOrBullet(list[i].text);
-         ++i) {
+    for (qsizetype i = 0;
+         i < std::min(longestIntroduction, list.size()) && !LineShape::hasAmountOrBullet(list[i].text); ++i) {
         range.begin = endsRemark(list[i].text) ? i + 1 : range.begin;
     }
     QString remark;

@@ -374,19 +374,18 @@ QStringList PageFurniture::siteNames(const QList<TextLine>& lines)
     // "© 2019 The Copper Spoon. All rights reserved."
     static const QRegularExpression copyright = pattern(
         QStringLiteral("^(?:©|\\(c\\)|copyright)\\s*(?:\\d{4}(?:[–-]\\d{4})?)?\\s*([\\p{L}][^.·|,]{2,40})"));
-    static const QRegularExpression sign = pattern(QStringLiteral("[^\\p{L}\\p{N}]"));
     QStringList names;
     if (!lines.isEmpty() && isAboveMenu(lines, 0)) {
-        names.append(lines.first().text.toLower().remove(sign));
+        names.append(LineShape::lettersOf(lines.first().text));
     }
     for (const TextLine& line : lines) {
         const auto match = address.match(line.text);
         if (match.hasMatch()) {
-            names.append(match.captured(1).toLower().remove(u'-'));
+            names.append(LineShape::lettersOf(match.captured(1)));
         }
         const auto owner = copyright.match(line.text);
         if (owner.hasMatch()) {
-            names.append(owner.captured(1).toLower().remove(sign));
+            names.append(LineShape::lettersOf(owner.captured(1)));
         }
     }
     return names;

@@ -80,7 +80,7 @@ const QList<RecipeFacts::Label>& RecipeFacts::labels()
             u"aantal personen|porties|porções|rendimento|rende|porcje|liczba porcji|ilość porcji|portioner|"
             u"antal(?: portioner| personer)?|personer"),
         label(Kind::Author,
-              u"(?:recipe |written |posted )?by|author|rezept "
+              u"(?:written )?by|author|rezept "
               u"von|von|autor(?:in)?|"
               u"recette de|par|auteur|receta de|por|ricetta di|autore|recept van|door|receita de|autora|"
               u"przepis|recept av|av|opskrift af|af|forfatter"),

@@ -46,12 +46,6 @@ bool isPantryItem(const QString& text)
                                  text.section(u'(', 0, 0).trimmed().count(u' ') <= mostSpaces);
 }
 
-/// A number that its unit or its fraction must follow ("2" and then "1/4 lb").
-bool isCount(const QString& word)
-{
-    return !word.isEmpty() && std::all_of(word.begin(), word.end(), [](QChar c) { return c.isDigit(); });
-}
-
 double medianWidth(const QList<TextLine>& lines)
 {
     std::vector<double> widths;
@@ -72,7 +66,7 @@ bool isAmountAlone(const QString& text)
 bool opensWithAmount(const QString& text)
 {
     return LineShape::startsWithAmount(text) ||
-           (text.contains(u' ') && RecipeWords::amountWords().contains(text.section(u' ', 0, 0).toLower()));
+           (text.contains(u' ') && LineShape::startsWithAmountWord(text));
 }
 
 /// "200 g flour", "about 50 g cheese", but not "a letter each week".
@@ -93,16 +87,10 @@ QString lastWord(const QString& text)
     return text.section(u' ', -1).toLower();
 }
 
-/// "extra virgin": what a name must follow, but not "1 onion, large".
+/// "extra virgin": what a name must follow.
 bool endsInModifier(const QString& text)
 {
-    return RecipeWords::modifiers().contains(lastWord(text)) && !text.contains(u',');
-}
-
-/// "extra virgin", "peeled,"
-bool isOpenEnd(const QString& text)
-{
-    return text.endsWith(u',') || RecipeWords::modifiers().contains(lastWord(text));
+    return RecipeWords::modifiers().contains(lastWord(text));
 }
 
 /// No column is so narrow that its lines are wrapped at this width, in LineShape::estimatedWidth.
@@ -125,7 +113,7 @@ public:
         qsizetype rests = 0;
         for (qsizetype i = 0; i < lines.size(); ++i) {
             const TextLine& line = lines[i];
-            const bool starting = LineShape::startsWithAmount(line.text) || LineShape::hasBullet(line.text);
+            const bool starting = LineShape::hasAmountOrBullet(line.text);
             starts += starting ? 1 : 0;
             apart += starting && line.startsBlock ? 1 : 0;
             const bool isWord = !line.text.isEmpty() && line.text.front().isLetter();
@@ -203,21 +191,22 @@ public:
         }
         const bool room = m_flow.hadRoom(i);
         const LineFlow::Verdict verdict = m_flow.verdict(i);
-        if (endsInModifier(entry) && !opensWithAmount(text) && !line.startsBlock &&
+        // But "1 onion, large" is whole.
+        if (endsInModifier(entry) && !entry.contains(u',') && !opensWithAmount(text) && !line.startsBlock &&
             verdict != LineFlow::Verdict::Begins) {
             return true;
         }
+        const bool isOpenEnd = previous.endsWith(u',') || endsInModifier(previous);
         const bool runsOn = hasOpenBracket(entry) || (previous.endsWith(u':') && isAmountAlone(text)) ||
                             QStringView(u"-/|").contains(previous.back()) ||
                             RecipeWords::connectors().contains(lastWord(previous)) ||
-                            (isCount(lastWord(previous)) && !room);
+                            (LineShape::isCount(lastWord(previous)) && !room);
         if (verdict == LineFlow::Verdict::Continues) {
-            // Nobody breaks an entry in front of a second amount, unless it runs on.
-            const bool isNext =
-                LineShape::startsWithAmount(text) && namesAmount(entry) && !isOpenEnd(previous);
+            // Nobody breaks a whole name in front of another one, or an entry in front of a second amount.
+            const bool isNext = !isOpenEnd && (standsAlone(text) ||
+                                               (LineShape::startsWithAmount(text) && namesAmount(entry)));
             return runsOn ||
-                   (!isNext && (!room || !opensWithAmount(text)) && !(m_isScattered && line.startsBlock) &&
-                    !(standsAlone(text) && !isOpenEnd(previous)));
+                   (!isNext && (!room || !opensWithAmount(text)) && !(m_isScattered && line.startsBlock));
         }
         if (verdict == LineFlow::Verdict::Begins) {
             return hasOpenBracket(entry) && !room && !line.startsBlock;
@@ -239,7 +228,7 @@ public:
         if (runsOn || (text.startsWith(u'(') && text.endsWith(u')'))) {
             return true;
         }
-        if (!room && (QStringView(u"/&").contains(text.front()) || opensAside(text) || isOpenEnd(previous))) {
+        if (!room && (QStringView(u"/&").contains(text.front()) || opensAside(text) || isOpenEnd)) {
             return true;
         }
         if (isRestOfFullLine(i, entry)) {
@@ -249,8 +238,7 @@ public:
             return false;
         }
         const bool open = previous.endsWith(u',') || (text.front().isLower() && !previous.endsWith(u')'));
-        return open && (!room ||
-                        (!m_isLowerCase && m_isAmountList && !previous.isEmpty() && previous.endsWith(u',')));
+        return open && (!room || (!m_isLowerCase && m_isAmountList && previous.endsWith(u',')));
     }
 
 private:
@@ -336,7 +324,7 @@ private:
 
     bool startsWithMarkOrAmount(qsizetype i) const
     {
-        return LineShape::hasBullet(m_lines[i].text) || LineShape::startsWithAmount(m_lines[i].text) ||
+        return LineShape::hasAmountOrBullet(m_lines[i].text) ||
                LineShape::ingredientLikeness(m_lines[i].text) > 0.5;
     }
 
@@ -425,14 +413,14 @@ QStringList RecipeItems::ingredients(const QList<TextLine>& lines)
         } else {
             const QString entry = LineShape::withoutBullet(lines[i].text).trimmed();
             // A page's number, perhaps.
-            const bool isStray = isCount(entry) && !list.hasAmountsFirst();
+            const bool isStray = LineShape::isCount(entry) && !list.hasAmountsFirst();
             if (!entry.isEmpty() && !isStray) {
                 entries.append(isNumbered ? withoutListNumber(entry) : entry);
                 mayContinue = true;
             }
         }
     }
-    entries.removeIf(isCount);
+    entries.removeIf(LineShape::isCount);
     return entries;
 }
 

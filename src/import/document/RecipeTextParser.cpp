@@ -97,9 +97,7 @@ void takeRestsOfHeading(QList<TextLine>& list)
 {
     const QString first = list.isEmpty() ? QString() : list.first().text;
     const QString rest = first.endsWith(u')') ? first.chopped(1) : QString();
-    const bool isCount =
-        !rest.isEmpty() && std::all_of(rest.begin(), rest.end(), [](QChar c) { return c.isDigit(); });
-    if (isCount || (!rest.isEmpty() && RecipeFacts::isYield(QStringLiteral("4 ") + rest)) ||
+    if (LineShape::isCount(rest) || (!rest.isEmpty() && RecipeFacts::isYield(QStringLiteral("4 ") + rest)) ||
         RecipeFacts::isBareLabel(first)) {
         list.removeFirst();
     }
