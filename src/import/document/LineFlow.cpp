@@ -40,9 +40,7 @@ bool isMost(qsizetype some, qsizetype all)
 LineFlow::LineFlow(const QList<TextLine>& lines)
     : m_lines(lines)
     , m_verdicts(static_cast<std::size_t>(lines.size()), Verdict::Unknown)
-    , m_indents(static_cast<std::size_t>(lines.size()), 0)
-    , m_reaches(static_cast<std::size_t>(lines.size()), 0)
-    , m_widths(static_cast<std::size_t>(lines.size()), 0)
+    , m_runs(static_cast<std::size_t>(lines.size()))
 {
     for (const TextLine& line : lines) {
         m_fullWidth = std::max(m_fullWidth, LineShape::estimatedWidth(line.text));
@@ -85,23 +83,28 @@ bool LineFlow::fits(qsizetype i, double columnRight) const
     const double word = line.place.width() * LineShape::estimatedWidth(firstWord + u' ') /
                         std::max(1.0, LineShape::estimatedWidth(line.text));
     const QRectF& previous = m_lines[i - 1].place;
-    return m_alignment == Alignment::Left
-               ? previous.right() + word < columnRight
-               : previous.width() + word < m_widths[static_cast<std::size_t>(i - 1)];
+    return m_alignment == Alignment::Left ? previous.right() + word < columnRight
+                                          : previous.width() + word < run(i - 1).width;
 }
 
 /// Whether line `i` may be the rest of the one before: that fills the column, or at least all that the list
 /// at hand uses of it.
 bool LineFlow::followsLongLine(qsizetype i) const
 {
-    return !fits(i, std::min(m_lines[i - 1].columnRight, m_reaches[static_cast<std::size_t>(i - 1)]));
+    return !fits(i, std::min(m_lines[i - 1].columnRight, run(i - 1).reach));
+}
+
+/// How far line `i` is set in, in letters from its run's edge.
+double LineFlow::indent(qsizetype i) const
+{
+    return (m_lines[i].place.left() - run(i).edge) / m_letter;
 }
 
 /// How far to the right line `i` may reach.
 double LineFlow::limit(qsizetype i) const
 {
     const double column = m_lines[i].columnRight;
-    return m_fillsReach ? std::min(column, m_reaches[static_cast<std::size_t>(i)]) : column;
+    return m_fillsReach ? std::min(column, run(i).reach) : column;
 }
 
 /// Whether the lines are wrapped where the widest of them ends, though nothing stands beside them there: so
@@ -142,19 +145,25 @@ void LineFlow::measure()
     m_letter = measure.letter;
     m_height = measure.height;
     for (qsizetype begin = 0; begin < m_lines.size();) {
-        double edge = m_lines[begin].place.left();
-        double reach = m_lines[begin].place.right();
-        double width = m_lines[begin].place.width();
+        Run run;
+        run.edge = m_lines[begin].place.left();
         qsizetype end = begin + 1;
         for (; end < m_lines.size() && followsDown(end); ++end) {
-            edge = std::min(edge, m_lines[end].place.left());
-            reach = std::max(reach, m_lines[end].place.right());
-            width = std::max(width, m_lines[end].place.width());
+            run.edge = std::min(run.edge, m_lines[end].place.left());
+        }
+        // A single word may be wider than its column.
+        const auto isText = [](const TextLine& line) { return line.text.contains(u' '); };
+        const bool hasText = std::any_of(m_lines.begin() + begin, m_lines.begin() + end, isText);
+        for (qsizetype i = begin; i < end; ++i) {
+            const QRectF& place = m_lines[i].place;
+            if (!hasText || isText(m_lines[i])) {
+                run.reach = std::max(run.reach, place.right());
+                run.width = std::max(run.width, place.width());
+            }
+            run.deepest = std::max(run.deepest, (place.left() - run.edge) / m_letter);
         }
         for (; begin < end; ++begin) {
-            m_reaches[static_cast<std::size_t>(begin)] = reach;
-            m_widths[static_cast<std::size_t>(begin)] = width;
-            m_indents[static_cast<std::size_t>(begin)] = (m_lines[begin].place.left() - edge) / m_letter;
+            m_runs[static_cast<std::size_t>(begin)] = run;
         }
     }
     m_alignment = commonAlignment();
@@ -193,9 +202,9 @@ std::optional<double> LineFlow::edgeOfRests() const
 {
     std::vector<double> edges;
     for (qsizetype i = 1; i < m_lines.size(); ++i) {
-        if (followsDown(i) && m_indents[i] - m_indents[i - 1] > sameEdge &&
+        if (followsDown(i) && indent(i) - indent(i - 1) > sameEdge &&
             !LineShape::startsWithAmount(m_lines[i].text)) {
-            edges.push_back(m_indents[i]);
+            edges.push_back(indent(i));
         }
     }
     return edges.empty() ? std::nullopt : std::optional(medianOf(std::move(edges)));
@@ -212,7 +221,7 @@ bool LineFlow::areMostlyRests() const
     for (qsizetype i = 1; i < m_lines.size(); ++i) {
         if (LineShape::startsWithAmount(m_lines[i].text)) {
             ++amounts;
-        } else if (m_indents[i] > sameEdge) {
+        } else if (indent(i) > sameEdge) {
             ++others;
             behindFull += hadRoom(i) ? 0 : 1;
         }
@@ -225,14 +234,14 @@ void LineFlow::judgeByHangingIndent()
 {
     // A column of names beside one of amounts looks alike, where a name has no amount.
     constexpr double widestHang = 5;
-    const auto hangOf = [&](qsizetype i) { return followsDown(i) ? m_indents[i] - m_indents[i - 1] : 0; };
+    const auto hangOf = [&](qsizetype i) { return followsDown(i) ? indent(i) - indent(i - 1) : 0; };
     const std::optional<double> restEdge = edgeOfRests();
     if (!restEdge) {
         return;
     }
     const auto isHungAmount = [&](qsizetype i) {
         return hangOf(i) > sameEdge && LineShape::startsWithAmount(m_lines[i].text) &&
-               *restEdge - m_indents[i] > sameEdge;
+               *restEdge - indent(i) > sameEdge;
     };
     bool hasHungAmounts = false;
     for (qsizetype i = 1; i < m_lines.size(); ++i) {
@@ -268,18 +277,18 @@ void LineFlow::judgeByHangingIndent()
     // The edge at which the entry at hand begins.
     double edge = 0;
     for (qsizetype i = 0; i < m_lines.size(); ++i) {
-        const double indent = m_indents[i];
+        const double setIn = indent(i);
         if (i > 0 && !followsDown(i)) {
             // In a new column: a line that is set in is the rest of an entry, if such lines follow full ones.
-            m_verdicts[i] = indent > sameEdge ? Verdict::Unknown : Verdict::Begins;
+            m_verdicts[i] = setIn > sameEdge ? Verdict::Unknown : Verdict::Begins;
             edge = 0;
-        } else if (i > 0 && std::abs(indent - edge - usual) < sameEdge && !isHungAmount(i)) {
-            const bool isThird = usual <= widestHang && std::abs(m_indents[i - 1] - indent) < sameEdge;
+        } else if (i > 0 && std::abs(setIn - edge - usual) < sameEdge && !isHungAmount(i)) {
+            const bool isThird = usual <= widestHang && std::abs(indent(i - 1) - setIn) < sameEdge;
             const bool goesOn = isThird || isRest(i, usual);
             m_verdicts[i] = goesOn ? Verdict::Continues : Verdict::Begins;
         } else {
             m_verdicts[i] = Verdict::Begins;
-            edge = indent;
+            edge = setIn;
         }
     }
 }
@@ -294,7 +303,7 @@ void LineFlow::judgeByFirstLineIndent()
         if (!followsDown(i)) {
             continue;
         }
-        if (m_indents[i] > sameEdge) {
+        if (indent(i) > sameEdge) {
             ++in;
             // What a colon announces may be set in as well.
             const QString& above = m_lines[i - 1].text;
@@ -307,7 +316,7 @@ void LineFlow::judgeByFirstLineIndent()
         return;
     }
     for (qsizetype i = 1; i < m_lines.size(); ++i) {
-        if (m_indents[i] > sameEdge) {
+        if (indent(i) > sameEdge) {
             m_verdicts[i] = Verdict::Begins;
         } else if (!hadRoom(i) || !LineShape::endsSentence(m_lines[i - 1].text)) {
             m_verdicts[i] = Verdict::Continues;
@@ -328,11 +337,12 @@ LineFlow::Verdict LineFlow::look(qsizetype i) const
     if (LineShape::hasAmountOrBullet(text) || !followsLongLine(i)) {
         return Verdict::Begins;
     }
-    return text.front().isLower() || text.front() == u'(' ? Verdict::Continues : Verdict::Unknown;
+    const bool isRest = text.front().isLower() && !LineShape::startsWithAmountWord(text);
+    return isRest || text.front() == u'(' ? Verdict::Continues : Verdict::Unknown;
 }
 
-/// The blank space that tells entries from their rests best, where there is one that does.
-std::optional<double> LineFlow::partingGap() const
+/// The blank spaces that tell entries from their rests, where some do.
+std::optional<LineFlow::PartingGaps> LineFlow::partingGaps() const
 {
     // Browsers round the places of lines, so that equal spaces differ.
     constexpr double leastStep = 0.03;
@@ -353,8 +363,7 @@ std::optional<double> LineFlow::partingGap() const
     const auto count = [](auto begin, auto end, Verdict verdict) {
         return std::count_if(begin, end, [&](const Gap& gap) { return gap.look == verdict; });
     };
-    std::optional<double> best;
-    std::ptrdiff_t most = leastSigns - 1;
+    std::optional<PartingGaps> parting;
     for (auto wide = gaps.begin(); wide != gaps.end(); ++wide) {
         const auto tight = wide == gaps.begin() ? wide : wide - 1;
         if (wide->size - tight->size < leastStep) {
@@ -364,12 +373,12 @@ std::optional<double> LineFlow::partingGap() const
         const auto entries = count(wide, gaps.end(), Verdict::Begins);
         const bool isClean = count(gaps.begin(), wide, Verdict::Begins) == 0 &&
                              count(wide, gaps.end(), Verdict::Continues) == 0;
-        if (isClean && rests > 0 && rests + entries > most) {
-            most = rests + entries;
-            best = 0.5 * (wide->size + tight->size);
+        if (isClean && rests > 0 && rests + entries >= leastSigns) {
+            const double middle = 0.5 * (wide->size + tight->size);
+            parting = PartingGaps{parting ? parting->rest : middle, middle};
         }
     }
-    return best;
+    return parting;
 }
 
 /// A wider blank space parts entries than lines of one entry.
@@ -378,10 +387,12 @@ void LineFlow::judgeByGaps()
     if (judgeByClearGaps()) {
         return;
     }
-    const std::optional<double> parting = partingGap();
+    const std::optional<PartingGaps> parting = partingGaps();
     for (qsizetype i = 1; parting && i < m_lines.size(); ++i) {
         if (followsDown(i) && m_verdicts[i] == Verdict::Unknown) {
-            m_verdicts[i] = gap(i) < *parting ? Verdict::Continues : Verdict::Begins;
+            m_verdicts[i] = gap(i) < parting->rest    ? Verdict::Continues
+                            : gap(i) > parting->entry ? Verdict::Begins
+                                                      : Verdict::Unknown;
         }
     }
 }
@@ -398,7 +409,13 @@ bool LineFlow::judgeByClearGaps()
     if (gaps.size() < 2) {
         return false;
     }
-    const double limit = widestTight(gaps);
+    double limit = widestTight(gaps);
+    const std::optional<PartingGaps> parting = partingGaps();
+    const bool hasIndents = std::any_of(m_verdicts.begin(), m_verdicts.end(),
+                                        [](Verdict verdict) { return verdict != Verdict::Unknown; });
+    if (parting && !hasIndents) {
+        limit = std::clamp(limit, parting->rest, parting->entry);
+    }
     qsizetype tightCount = 0;
     qsizetype wideCount = 0;
     qsizetype wideRests = 0;
@@ -425,7 +442,10 @@ bool LineFlow::judgeByClearGaps()
         return false;
     }
     for (qsizetype i = 1; i < m_lines.size(); ++i) {
-        if (followsDown(i)) {
+        // Where rests are set in, what is not set in is none.
+        const bool standsOut =
+            m_verdicts[i] == Verdict::Begins && indent(i) < sameEdge && run(i).deepest > sameEdge;
+        if (followsDown(i) && !standsOut) {
             m_verdicts[i] = gap(i) < limit ? Verdict::Continues : Verdict::Begins;
         }
     }

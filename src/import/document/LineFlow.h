@@ -37,6 +37,28 @@ private:
     /// Which edge, or the middle, the lines of a column have in common.
     enum class Alignment { Left, Right, Centred };
 
+    /// Smaller blank spaces than `rest` stand above the rests of entries, larger ones than `entry` above
+    /// entries; what lies between says nothing.
+    struct PartingGaps
+    {
+        double rest = 0;
+        double entry = 0;
+    };
+
+    /// Lines that follow each other down one column.
+    struct Run
+    {
+        /// Leftmost and rightmost, and the widest line's width, as parts of the page.
+        double edge = 0;
+        double reach = 0;
+        double width = 0;
+        /// How far the line is set in that is set in most, in letters.
+        double deepest = 0;
+    };
+
+    /// The run that line `i` stands in.
+    const Run& run(qsizetype i) const { return m_runs[static_cast<std::size_t>(i)]; }
+    double indent(qsizetype i) const;
     Alignment commonAlignment() const;
     bool fits(qsizetype i, double columnRight) const;
     bool followsLongLine(qsizetype i) const;
@@ -48,18 +70,13 @@ private:
     void judgeByHangingIndent();
     void judgeByFirstLineIndent();
     Verdict look(qsizetype i) const;
-    std::optional<double> partingGap() const;
+    std::optional<PartingGaps> partingGaps() const;
     void judgeByGaps();
     bool judgeByClearGaps();
 
     const QList<TextLine>& m_lines;
     std::vector<Verdict> m_verdicts;
-    /// From the left edge of the run of lines that line `i` stands in, in letters.
-    std::vector<double> m_indents;
-    /// How far to the right the run of lines reaches that line `i` stands in.
-    std::vector<double> m_reaches;
-    /// Width of the widest line of the run that line `i` stands in.
-    std::vector<double> m_widths;
+    std::vector<Run> m_runs;
     Alignment m_alignment = Alignment::Left;
     /// Lines reach no further than the widest of their run.
     bool m_fillsReach = false;

@@ -33,16 +33,22 @@ bool standsAlone(const QString& text)
            (saysUse && RecipeWords::pantry().contains(first));
 }
 
+/// The first word's letters, in lower case.
+QString firstWord(const QString& text)
+{
+    QString first = text.section(u' ', 0, 0).toLower();
+    while (!first.isEmpty() && !first.back().isLetter()) {
+        first.chop(1);
+    }
+    return first;
+}
+
 /// What a list may well name alone on a line, without an amount and without a capital: "salt", "water to thin
 /// the sauce", "sunflower oil".
 bool isPantryItem(const QString& text)
 {
     constexpr qsizetype mostSpaces = 3;
-    QString first = text.section(u' ', 0, 0).toLower();
-    while (!first.isEmpty() && !first.back().isLetter()) {
-        first.chop(1);
-    }
-    return standsAlone(text) || (RecipeWords::pantry().contains(first) &&
+    return standsAlone(text) || (RecipeWords::pantry().contains(firstWord(text)) &&
                                  text.section(u'(', 0, 0).trimmed().count(u' ') <= mostSpaces);
 }
 
@@ -111,6 +117,8 @@ public:
         qsizetype lowerCase = 0;
         qsizetype words = 0;
         qsizetype rests = 0;
+        qsizetype further = 0;
+        qsizetype sentences = 0;
         for (qsizetype i = 0; i < lines.size(); ++i) {
             const TextLine& line = lines[i];
             const bool starting = LineShape::hasAmountOrBullet(line.text);
@@ -119,6 +127,9 @@ public:
             const bool isWord = !line.text.isEmpty() && line.text.front().isLetter();
             words += isWord ? 1 : 0;
             lowerCase += isWord && line.text.front().isLower() ? 1 : 0;
+            const bool isFurther = i > 0 && (starting || opensWithAmount(line.text));
+            further += isFurther ? 1 : 0;
+            sentences += isFurther && lines[i - 1].text.endsWith(u'.') ? 1 : 0;
             rests += i > 0 && isWord && line.text.front().isLower() && !m_flow.hadRoom(i) ? 1 : 0;
         }
         const auto blocks =
@@ -127,6 +138,7 @@ public:
         m_isSpaced = starts >= 3 && apart * 10 >= starts * 8;
         m_hasAmounts = starts >= 3 && starts * 10 >= (lines.size() - rests) * 3;
         m_isAmountList = starts * 10 >= (lines.size() - rests) * 7;
+        m_hasSentences = sentences > 1 && sentences * 2 > further;
         m_isLowerCase = lowerCase * 2 > words;
         m_mayWrap = m_fullWidth > narrowestColumn && hasWrappedLines(lines);
         const auto first = std::find_if(lines.begin(), lines.end(),
@@ -200,10 +212,11 @@ public:
         const bool runsOn = hasOpenBracket(entry) || (previous.endsWith(u':') && isAmountAlone(text)) ||
                             QStringView(u"-/|").contains(previous.back()) ||
                             RecipeWords::connectors().contains(lastWord(previous)) ||
+                            (previous.endsWith(u',') && text.front().isLower() && !m_flow.followsDown(i)) ||
                             (LineShape::isCount(lastWord(previous)) && !room);
         if (verdict == LineFlow::Verdict::Continues) {
             // Nobody breaks a whole name in front of another one, or an entry in front of a second amount.
-            const bool isNext = !isOpenEnd && (standsAlone(text) ||
+            const bool isNext = !isOpenEnd && (standsAlone(text) || isBehindSentence(i) ||
                                                (LineShape::startsWithAmount(text) && namesAmount(entry)));
             return runsOn ||
                    (!isNext && (!room || !opensWithAmount(text)) && !(m_isScattered && line.startsBlock));
@@ -228,7 +241,7 @@ public:
         if (runsOn || (text.startsWith(u'(') && text.endsWith(u')'))) {
             return true;
         }
-        if (!room && (QStringView(u"/&").contains(text.front()) || opensAside(text) || isOpenEnd)) {
+        if (!room && (QStringView(u"/&\"“„‘«").contains(text.front()) || opensAside(text) || isOpenEnd)) {
             return true;
         }
         if (isRestOfFullLine(i, entry)) {
@@ -299,7 +312,8 @@ private:
         for (qsizetype i = 1; i < m_lines.size(); ++i) {
             const QString& text = m_lines[i].text;
             if (m_flow.verdict(i) == LineFlow::Verdict::Unknown && !LineShape::hasBullet(text) &&
-                !opensWithAmount(text) && (text.front().isLower() || !onlyLower)) {
+                !opensWithAmount(text) && (onlyLower || !isPantryItem(text)) &&
+                (text.front().isLower() || !onlyLower)) {
                 more += m_flow.hadRoom(i) ? -1 : 1;
             }
         }
@@ -316,10 +330,18 @@ private:
             !text.front().isLetter() || opensWithAmount(text) || m_lines[i - 1].text.endsWith(u')')) {
             return false;
         }
-        if (isPantryItem(text)) {
+        const bool isWhole = RecipeWords::staples().contains(firstWord(text)) ||
+                             RecipeWords::staples().contains(lastWord(text)) || text.contains(u'(');
+        if (standsAlone(text) || (isPantryItem(text) && isWhole)) {
             return text.front().isLower() && !text.contains(u' ') && m_lowerNamesBehindFull >= 0;
         }
         return text.front().isLower() || m_namesBehindFull > 0;
+    }
+
+    /// Whether line `i` follows a full stop, where entries end in one.
+    bool isBehindSentence(qsizetype i) const
+    {
+        return m_hasSentences && m_lines[i].text.front().isUpper() && m_lines[i - 1].text.endsWith(u'.');
     }
 
     bool startsWithMarkOrAmount(qsizetype i) const
@@ -338,6 +360,8 @@ private:
     /// Enough lines open with an amount to take them for a habit.
     bool m_hasAmounts = false;
     bool m_isAmountList = false;
+    /// Entries end in a full stop.
+    bool m_hasSentences = false;
     bool m_isLowerCase = false;
     qsizetype m_namesBehindFull = 0;
     qsizetype m_lowerNamesBehindFull = 0;

@@ -220,6 +220,15 @@ const QSet<QString>& RecipeWords::pantry()
     return words;
 }
 
+const QSet<QString>& RecipeWords::staples()
+{
+    static const QSet<QString> words = asSet(
+        listed(u"salt|butter|oil|olive|water|lemon|cinnamon|salz|öl|olivenöl|wasser|sel|huile|beurre|eau|sal|"
+               u"aceite|mantequilla|agua|sale|olio|burro|acqua|zout|olie|boter|azeite|manteiga|água|sól|olej|"
+               u"masło|woda|smör|olja|vatten|smør|vand"));
+    return words;
+}
+
 const QSet<QString>& RecipeWords::pantryPairs()
 {
     static const QSet<QString> pairs = asSet(listed(

@@ -28,6 +28,8 @@ const QSet<QString>& units();
 const QSet<QString>& amountWords();
 /// First words of what lists name without an amount, as most kitchens have it ("salt").
 const QSet<QString>& pantry();
+/// Those that are no other name's end ("salt", but not "rice").
+const QSet<QString>& staples();
 /// The same of two words, of which neither says so alone ("sunflower oil").
 const QSet<QString>& pantryPairs();
 /// Last words of the heading of a group of ingredients ("Cheese filling"), which may as well be in an

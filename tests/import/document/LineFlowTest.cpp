@@ -210,6 +210,39 @@ INSTANTIATE_TEST_SUITE_P(Lists, ListsByPlace, testing::Values(
         {0, "1 sweet pepper"}, {1.2, "50 g grated mountain cheese, or more"}, {1.2, "leaves of basil (fresh is best)"},
         {1.2, "chilli flakes"}, {1.2, "1 onion"}},
         "1 sweet pepper/50 g grated mountain cheese, or more leaves of basil (fresh is best)/chilli flakes/1 onion"},
+    ListCase{"ASpaceBetweenThoseOfRestsAndOfEntries", 20, {
+        {0, "1/4 tsp Cayenne (or"}, {1.23, "paprika)"}, {1.4, "1 tsp of white"}, {1.23, "pepper"},
+        {1.35, "1 tbsp of very soft"}, {1.23, "butter"}, {1.4, "1/2 cup diced small"}, {1.29, "Andouille"},
+        {1.35, "2 eggs"}, {1.4, "1 tsp thyme"}, {1.35, "1/2 cup Tomato Red"}, {1.29, "Sauce"}},
+        "1/4 tsp Cayenne (or paprika)/1 tsp of white pepper/1 tbsp of very soft butter/1/2 cup diced small Andouille/2 eggs/"
+        "1 tsp thyme/1/2 cup Tomato Red Sauce"},
+    ListCase{"EntriesRoundedIntoTheSpaceOfRests", 20, {
+        {0, "1 kg of black beans,"}, {1.24, "rinsed"}, {1.41, "2 kg of pork, cut or"}, {1.3, "in pieces"},
+        {1.41, "4 lemons, quartered"}, {1.3, "lengthwise"}, {1.41, "Yucatan style tomato"}, {1.3, "sauce with chillies"},
+        {1.35, "2 packs of tortillas"}, {1.3, "of maize"}, {1.41, "1 onion"}, {1.41, "2 eggs"}},
+        "1 kg of black beans, rinsed/2 kg of pork, cut or in pieces/4 lemons, quartered lengthwise/"
+        "Yucatan style tomato sauce with chillies/2 packs of tortillas of maize/1 onion/2 eggs"},
+    ListCase{"AWordWiderThanItsColumn", 40, {
+        {0, "1/2 cup larger"}, {1.2, "  Oats"}, {1.2, "Almonds, whole"}, {1.2, "1 tbsp roasted"}, {1.2, "  Rye"},
+        {1.2, "Cranberries, a"}, {1.2, "  Lot"}, {1.2, "Confectioners-Sugar-X"}},
+        "1/2 cup larger Oats/Almonds, whole/1 tbsp roasted Rye/Cranberries, a Lot/Confectioners-Sugar-X"},
+    ListCase{"FullStopsEndEntries", 28, {
+        {0, "1 kg of beans, and drained."}, {1.2, "2 kg of pork loin, cut into"}, {1.2, "        cubes."},
+        {1.2, "1 cup of chopped coriander."}, {1.2, "1 avocado, cut into rather"}, {1.2, "        small pieces."},
+        {1.2, "4 lemons that are quartered."}, {1.2, "        Tortillas"}},
+        "1 kg of beans, and drained./2 kg of pork loin, cut into cubes./1 cup of chopped coriander./"
+        "1 avocado, cut into rather small pieces./4 lemons that are quartered./Tortillas"},
+    ListCase{"AQuotedNameBelowAFullLine", 20, {
+        {0, "25g anchovies"}, {1.2, "800g peeled tomatoes"}, {1.2, "“sugo”"}, {1.2, "1 bunch of parsley"}},
+        "25g anchovies/800g peeled tomatoes “sugo”/1 bunch of parsley"},
+    ListCase{"NamesThatEndOthers", 20, {
+        {0, "1 Medium"}, {1.2, "2 Carrots"}, {1.2, "3/4 cup Long Grained"}, {1.2, "Rice"},
+        {1.2, "1 tsp Sesame, Black,"}, {1.2, "Seeds"}, {1.2, "1 Small Sweet Pepper"}, {1.2, "Salt"}},
+        "1 Medium/2 Carrots/3/4 cup Long Grained Rice/1 tsp Sesame, Black, Seeds/1 Small Sweet Pepper/Salt"},
+    ListCase{"AnEntryOverTwoColumns", 30, {
+        {0, "1 white onion"}, {1.2, "2 cups of flour"}, {1.2, "8 to 10 radishes,"},
+        {-3, "julienned or striped"}, {1.2, "4 lemons"}},
+        "1 white onion/2 cups of flour/8 to 10 radishes, julienned or striped/4 lemons"},
     ListCase{"AnAmountOnALineOfItsOwn", 40, {
         {0, "2 cups"}, {1.2, "flour"}, {1.8, "1 tsp"}, {1.2, "salt"}, {1.8, "3"}, {1.2, "eggs"}},
         "2 cups flour/1 tsp salt/3 eggs"}),
