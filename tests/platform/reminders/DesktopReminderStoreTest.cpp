@@ -89,12 +89,21 @@ protected:
     QByteArray m_address;
 };
 
-/// What the service stored, as it lies in its own file.
-QByteArray storedTasks(const QString& home, const QString& list)
+/// What the service stored, as it lies in its own file. It writes when it is idle, which may be after its
+/// answer: it is asked for its lists until the file holds as many tasks as are awaited.
+QByteArray storedTasks(const QString& home, const QString& list, ReminderStore& store, qsizetype awaited)
 {
-    QFile file(home + QStringLiteral("/XDG_DATA_HOME/evolution/tasks/") + list +
-               QStringLiteral("/tasks.ics"));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    const QString path =
+        home + QStringLiteral("/XDG_DATA_HOME/evolution/tasks/") + list + QStringLiteral("/tasks.ics");
+    const QDeadlineTimer patience(20'000);
+    for (;;) {
+        QFile file(path);
+        const QByteArray tasks = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        if (tasks.count("BEGIN:VTODO") >= awaited || patience.hasExpired()) {
+            return tasks;
+        }
+        store.requestAccess();
+    }
 }
 
 TEST_F(TaskServiceTest, AddsFortyLinesToAListItMakesAndFindsAgain)
@@ -118,7 +127,7 @@ TEST_F(TaskServiceTest, AddsFortyLinesToAListItMakesAndFindsAgain)
     ASSERT_TRUE(store.defaultSource());
     EXPECT_EQ(store.defaultSource()->kind, ReminderStore::SourceKind::Local);
 
-    const QByteArray tasks = storedTasks(m_home.path(), id);
+    const QByteArray tasks = storedTasks(m_home.path(), id, store, 41);
     EXPECT_EQ(tasks.count("BEGIN:VTODO"), 41) << tasks.left(2000).constData();
     EXPECT_EQ(QByteArray(tasks).replace("\r\n ", "").count("DESCRIPTION:Crêpes\\, filled"), 40);
     EXPECT_TRUE(
@@ -153,7 +162,7 @@ TEST_F(TaskServiceTest, UsesTheListThatAnotherProgramMadeMeanwhile)
     while (!isKnown() && !patience.hasExpired()) {
     }
     EXPECT_EQ(added(store), "Added 1 items to your Groceries list.");
-    EXPECT_EQ(storedTasks(m_home.path(), QStringLiteral("made-elsewhere")).count("BEGIN:VTODO"), 1);
+    EXPECT_EQ(storedTasks(m_home.path(), QStringLiteral("made-elsewhere"), store, 1).count("BEGIN:VTODO"), 1);
 }
 
 TEST_F(TaskServiceTest, SaysThatThereAreNoTaskListsAtOnce)
