@@ -44,6 +44,15 @@ const QRegularExpression& formField()
     return field;
 }
 
+/// What stands above an advertisement.
+const QRegularExpression& advertLabel()
+{
+    static const QRegularExpression label = pattern(QStringLiteral(
+        "^(?:advertisement|advert|sponsored|promotion|anzeige|werbung|publicité|publicidad|"
+        "anuncio|pubblicità|annuncio|advertentie|publicidade|reklama|reklam|annons|annonce)$"));
+    return label;
+}
+
 /// "Save | Print | Share", "Save Print Share"
 bool isRowOfButtons(const QString& lower)
 {
@@ -238,6 +247,7 @@ bool PageFurniture::isFurniture(const QString& line)
             "affiliate|accept cookies|"
             "we use cookies|follow @|tag @)\\b")),
         formField(),
+        advertLabel(),
         // A phone's network beside its battery.
         pattern(QStringLiteral("^(?:lte|[2345]g|wi-?fi|edge)\\b[\\s\\d%]*$")),
         // That a card goes on overleaf, when a sheet was issued, and its number.
@@ -284,6 +294,14 @@ bool isAddressInText(const QList<TextLine>& lines, qsizetype i)
            (alone.match(lines[i].text).hasMatch() && openEnd.match(lines[i - 1].text).hasMatch());
 }
 
+/// Whether line `i` goes on in lower case where the one before has left a bracket open: "(adjust / amount".
+bool isInOpenBracket(const QList<TextLine>& lines, qsizetype i)
+{
+    const QString& text = lines[i].text;
+    const QString before = i > 0 && !lines[i].startsBlock ? lines[i - 1].text : QString();
+    return !text.isEmpty() && text.front().isLower() && before.count(u'(') > before.count(u')');
+}
+
 /// Whether line `i` goes on the one before in small type of the same size.
 bool isSmallPrintBelow(const QList<TextLine>& lines, qsizetype i)
 {
@@ -296,10 +314,7 @@ bool isSmallPrintBelow(const QList<TextLine>& lines, qsizetype i)
 /// above its fields.
 bool isBesideLabel(const QList<TextLine>& lines, qsizetype i)
 {
-    static const QRegularExpression label = pattern(QStringLiteral(
-        "^(?:advertisement|advert|sponsored|promotion|anzeige|werbung|publicité|publicidad|"
-        "anuncio|pubblicità|annuncio|advertentie|publicidade|reklama|reklam|annons|annonce)$"));
-    return (isSmallPrintBelow(lines, i) && label.match(lines[i - 1].text).hasMatch()) ||
+    return (isSmallPrintBelow(lines, i) && advertLabel().match(lines[i - 1].text).hasMatch()) ||
            (isSmallPrintBelow(lines, i + 1) && formField().match(lines[i + 1].text).hasMatch());
 }
 
@@ -310,7 +325,7 @@ QList<TextLine> PageFurniture::removed(const QList<TextLine>& lines)
     const Margins margin = margins(lines);
     const QStringList sites = siteNames(lines);
     const auto repeatsSite = [&](const TextLine& line) {
-        return line.page > lines.first().page && sites.contains(line.text.toLower().remove(u' '));
+        return line.page > lines.first().page && sites.contains(LineShape::lettersOf(line.text));
     };
     QList<TextLine> kept;
     bool startsBlock = false;
@@ -325,7 +340,8 @@ QList<TextLine> PageFurniture::removed(const QList<TextLine>& lines)
                                  (i + 1 == lines.size() || lines[i + 1].page != line.page || i == 0 ||
                                   lines[i - 1].page != line.page || isAtFoot(line));
         if (line.text.isEmpty() || recurs || numbersPage || isLoneFoot(lines, i) || isPageName(lines, i) ||
-            isBesideLabel(lines, i) || (isFurniture(line.text) && !isAddressInText(lines, i)) ||
+            isBesideLabel(lines, i) ||
+            (isFurniture(line.text) && !isAddressInText(lines, i) && !isInOpenBracket(lines, i)) ||
             repeatsSite(line)) {
             continue;
         }

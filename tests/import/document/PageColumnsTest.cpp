@@ -246,3 +246,19 @@ TEST(PageColumns, LeaveOutWhatStandsAloneAtThePagesFoot)
     lines.append({QStringLiteral("64"), true, 1, 0, {0.1, 0.95, 0.02, 0.015}});
     EXPECT_EQ(PageFurniture::removed(lines), page);
 }
+
+TEST(PageColumns, LeaveOutLabelsOfAdvertisementsButNoRestOfAnEntry)
+{
+    const auto line = [](const char16_t* text) {
+        return TextLine{QString::fromUtf16(text), false, 1, 0, {}};
+    };
+    const QList<TextLine> page{line(u"2 eggs"), line(u"Cranberries (adjust"), line(u"amount"),
+                               line(u"to preference)")};
+    QList<TextLine> lines = page;
+    lines.insert(1, line(u"Anzeige"));
+    lines.append(line(u"Amount"));
+    lines.append(line(u"Publicité"));
+    QList<TextLine> kept = PageFurniture::removed(lines);
+    ASSERT_EQ(kept.size(), page.size());
+    EXPECT_EQ(kept, page);
+}
