@@ -2,6 +2,8 @@
 
 #include "import/document/LineShape.h"
 
+#include <QtCore/QRegularExpression>
+
 #include <algorithm>
 
 namespace ovrin {
@@ -21,6 +23,17 @@ bool endsRemark(const QString& text)
     return !isEntry(text) && (text.endsWith(u'!') || (LineShape::endsSentence(text) && !text.endsWith(u':') &&
                                                       !text.endsWith(u')') && !text.contains(u';') &&
                                                       text.count(u' ') >= leastSpaces));
+}
+
+/// Whether somebody speaks: has a word of sentences that no entry has ("before you begin.").
+bool speaks(const QString& text)
+{
+    static const QRegularExpression word(
+        QStringLiteral(
+            "\\b(?:you|I|it|is|are|was|were|we|they|there|sie|ich|ist|sind|wir|vous|je|est|nous|sont|"
+            "usted|está|sono|você|jest|är|vi|jeg|jag)\\b"),
+        QRegularExpression::UseUnicodePropertiesOption);
+    return word.match(text).hasMatch();
 }
 
 } // namespace
@@ -60,7 +73,7 @@ LineRange withoutRemarks(const QList<TextLine>& list)
         }
         const bool goesOn = !remark.isEmpty() && remark.front().isLower();
         remark = goesOn ? list[i].text + u' ' + remark : list[i].text;
-        if (list[i].startsBlock && remark.front().isUpper() && endsRemark(remark)) {
+        if ((list[i].startsBlock || speaks(remark)) && remark.front().isUpper() && endsRemark(remark)) {
             range.end = i;
             remark.clear();
         }

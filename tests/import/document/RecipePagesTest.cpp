@@ -122,6 +122,19 @@ INSTANTIATE_TEST_SUITE_P(Pages, RecipesOnPages, testing::Values(
         "1. Heat the oil in a large pot.\n"
         "2. Add the leeks and the stock.\n",
         "2 leeks/1 l stock/Chives", "Heat the oil in a large pot./Add the leeks and the stock."},
+    RecipePage{"ARemarkRightBelowAList",
+        "Soup\n"
+        "Ingredients\n"
+        "2 leeks\n"
+        "1 l stock\n"
+        "Chives\n"
+        "Read the whole recipe\n"
+        "once before you begin.\n"
+        "\n"
+        "Method\n"
+        "1. Heat the oil in a large pot.\n"
+        "2. Add the leeks and the stock.\n",
+        "2 leeks/1 l stock/Chives", "Heat the oil in a large pot./Add the leeks and the stock."},
     RecipePage{"EntriesThatEndAsSentencesDo",
         "Soup\n"
         "Ingredients\n"
