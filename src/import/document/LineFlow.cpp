@@ -384,10 +384,10 @@ std::optional<LineFlow::PartingGaps> LineFlow::partingGaps() const
 /// A wider blank space parts entries than lines of one entry.
 void LineFlow::judgeByGaps()
 {
-    if (judgeByClearGaps()) {
+    const std::optional<PartingGaps> parting = partingGaps();
+    if (judgeByClearGaps(parting)) {
         return;
     }
-    const std::optional<PartingGaps> parting = partingGaps();
     for (qsizetype i = 1; parting && i < m_lines.size(); ++i) {
         if (followsDown(i) && m_verdicts[i] == Verdict::Unknown) {
             m_verdicts[i] = gap(i) < parting->rest    ? Verdict::Continues
@@ -398,7 +398,7 @@ void LineFlow::judgeByGaps()
 }
 
 /// Where the blank spaces are of two sizes that differ clearly.
-bool LineFlow::judgeByClearGaps()
+bool LineFlow::judgeByClearGaps(const std::optional<PartingGaps>& parting)
 {
     std::vector<double> gaps;
     for (qsizetype i = 1; i < m_lines.size(); ++i) {
@@ -410,7 +410,6 @@ bool LineFlow::judgeByClearGaps()
         return false;
     }
     double limit = widestTight(gaps);
-    const std::optional<PartingGaps> parting = partingGaps();
     const bool hasIndents = std::any_of(m_verdicts.begin(), m_verdicts.end(),
                                         [](Verdict verdict) { return verdict != Verdict::Unknown; });
     if (parting && !hasIndents) {

@@ -72,7 +72,7 @@ private:
     Verdict look(qsizetype i) const;
     std::optional<PartingGaps> partingGaps() const;
     void judgeByGaps();
-    bool judgeByClearGaps();
+    bool judgeByClearGaps(const std::optional<PartingGaps>& parting);
 
     const QList<TextLine>& m_lines;
     std::vector<Verdict> m_verdicts;

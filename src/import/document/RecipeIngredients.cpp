@@ -304,16 +304,15 @@ private:
                (!m_isLowerCase || starts * 2 > behindFull || m_fullWidth > 1.6 * medianWidth(lines));
     }
 
-    /// How many more lines without an amount or a mark, in lower case or all, follow full lines than short
-    /// ones.
+    /// How many more lines without an amount or a mark, those in lower case or all but the pantry's, follow
+    /// full lines than short ones.
     qsizetype namesBehindFull(bool onlyLower) const
     {
         qsizetype more = 0;
         for (qsizetype i = 1; i < m_lines.size(); ++i) {
             const QString& text = m_lines[i].text;
             if (m_flow.verdict(i) == LineFlow::Verdict::Unknown && !LineShape::hasBullet(text) &&
-                !opensWithAmount(text) && (onlyLower || !isPantryItem(text)) &&
-                (text.front().isLower() || !onlyLower)) {
+                !opensWithAmount(text) && (onlyLower ? text.front().isLower() : !isPantryItem(text))) {
                 more += m_flow.hadRoom(i) ? -1 : 1;
             }
         }
